@@ -1,0 +1,95 @@
+# The library. Its objects stand apart from the shared library so that the tests of the row kernels
+# can link them directly: inside the shared library those symbols are hidden.
+
+find_package(Freetype REQUIRED)
+include(CheckCXXSourceCompiles)
+include(CheckLinkerFlag)
+include(GNUInstallDirs)
+
+# Asked of the compiler, which knows about -m32; the name of the processor does not.
+check_cxx_source_compiles("#ifndef __x86_64__\n#error\n#endif\nint main() {}" GFX_TARGETS_X86_64)
+check_cxx_source_compiles("#ifndef __i386__\n#error\n#endif\nint main() {}" GFX_TARGETS_I386)
+
+set(
+  GFX_SOURCES
+  font/font_cache.cpp
+  font/font_engine.cpp
+  font/glyph_cache.cpp
+  font/glyph_draw.cpp
+  font/glyph_records.cpp
+  memory/memory.cpp
+  surface/aa_line.cpp
+  surface/display_blit.cpp
+  surface/line.cpp
+  surface/line_dots.cpp
+  surface/pixel_access.cpp
+  surface/rect_copy.cpp
+  surface/rect_fill.cpp
+  surface/rect_planes.cpp
+  surface/rect_transfer.cpp
+  surface/row_conversion.cpp
+  surface/row_writers.cpp
+  surface/rows/row_dispatch.cpp
+  surface/surface.cpp)
+list(TRANSFORM GFX_SOURCES PREPEND ${PROJECT_SOURCE_DIR}/src/)
+
+# The row kernels, once for each instruction set that processors of this kind may have.
+set(kernels ${PROJECT_SOURCE_DIR}/src/surface/rows/row_kernels)
+list(APPEND GFX_SOURCES ${kernels}_baseline.cpp)
+if(GFX_TARGETS_X86_64)
+  list(APPEND GFX_SOURCES ${kernels}_avx2.cpp ${kernels}_avx512.cpp)
+endif()
+
+# Below -O3 the row loops are not vectorised. A flag on a file overrides the -O0 of a debug build,
+# so it is given in optimised configurations alone. Link-time optimisation could move code built for
+# a newer processor out of its file, so the kernels never take part in it.
+set(kernel_options $<$<CONFIG:Release,RelWithDebInfo>:-O3> -fno-lto)
+set(avx512_options -mavx512f -mavx512bw -mavx512vl -mprefer-vector-width=512)
+set_source_files_properties(${kernels}_baseline.cpp PROPERTIES COMPILE_OPTIONS "${kernel_options}")
+set_source_files_properties(${kernels}_avx2.cpp PROPERTIES COMPILE_OPTIONS
+                                                           "${kernel_options};-mavx2")
+set_source_files_properties(${kernels}_avx512.cpp PROPERTIES COMPILE_OPTIONS
+                                                             "${kernel_options};${avx512_options}")
+
+add_library(gfx_objects OBJECT ${GFX_SOURCES})
+target_compile_features(gfx_objects PRIVATE cxx_std_20 PUBLIC cxx_std_14)
+target_include_directories(
+  gfx_objects
+  PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
+  PRIVATE ${PROJECT_SOURCE_DIR}/src)
+target_link_libraries(gfx_objects PRIVATE Freetype::Freetype)
+set_target_properties(
+  gfx_objects
+  PROPERTIES CXX_EXTENSIONS OFF
+             CXX_VISIBILITY_PRESET hidden
+             VISIBILITY_INLINES_HIDDEN ON
+             POSITION_INDEPENDENT_CODE ON)
+
+# Fused multiply-add and x87 arithmetic would both change the bits of what the pixel rules compute
+# in double precision.
+target_compile_options(gfx_objects PRIVATE -ffp-contract=off)
+if(GFX_TARGETS_I386)
+  target_compile_options(gfx_objects PRIVATE -msse2 -mfpmath=sse)
+endif()
+
+add_library(gfx $<TARGET_OBJECTS:gfx_objects>)
+add_library(gfx::gfx ALIAS gfx)
+target_compile_features(gfx PUBLIC cxx_std_14)
+target_include_directories(gfx PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
+                                      $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+target_link_libraries(gfx PRIVATE Freetype::Freetype)
+set_target_properties(gfx PROPERTIES LINKER_LANGUAGE CXX VERSION ${PROJECT_VERSION}
+                                     SOVERSION ${PROJECT_VERSION_MAJOR})
+
+if(BUILD_SHARED_LIBS)
+  target_compile_definitions(gfx_objects PRIVATE GFX_BUILDING)
+  # Calls between exported members stay inside the library. Functions only: bound data would detach
+  # the hooks in hosts that are not position-independent.
+  check_linker_flag(CXX -Wl,-Bsymbolic-functions GFX_LINKER_BINDS_FUNCTIONS)
+  if(GFX_LINKER_BINDS_FUNCTIONS)
+    target_link_options(gfx PRIVATE -Wl,-Bsymbolic-functions)
+  endif()
+else()
+  target_compile_definitions(gfx_objects PUBLIC GFX_STATIC)
+  target_compile_definitions(gfx PUBLIC GFX_STATIC)
+endif()

@@ -1,0 +1,129 @@
+// The font engine behind plain functions. See the header.
+#include "font/font_engine.h"
+
+#include <algorithm>
+
+#include <ft2build.h>
+#include FT_DRIVER_H
+#include FT_FREETYPE_H
+#include FT_MODULE_H
+#include FT_OUTLINE_H
+#include FT_TRUETYPE_TABLES_H
+
+namespace gfx {
+namespace {
+
+// Outlines only, with the hinting the engine thinks best: no embedded bitmaps. Colour layers are
+// left out because they are not asked for.
+constexpr FT_Int32 kLoadFlags = FT_LOAD_DEFAULT | FT_LOAD_NO_BITMAP;
+constexpr int kDotsPerInch = 72;  // a point is a pixel
+constexpr int kMaxEmSize = 0xFFFF;
+
+/// The nearest of the five steps, of equal distances the upper one.
+std::uint8_t NearestOfFive(std::uint8_t coverage) {
+    constexpr std::uint8_t kOutput[5] = {0x00, 0x40, 0x80, 0xC0, 0xFF};
+    return kOutput[(coverage + 32) >> 6];
+}
+
+}  // namespace
+
+EngineInstance StartEngine() {
+    FT_Library engine = nullptr;
+    if (FT_Init_FreeType(&engine) != 0) return nullptr;
+    // The engine lets an environment variable choose how glyphs are hinted; glyphs must not depend
+    // on it. An engine built without this choice refuses the call and has the one way only.
+    FT_UInt version = TT_INTERPRETER_VERSION_40;
+    FT_Property_Set(engine, "truetype", "interpreter-version", &version);
+    return engine;
+}
+
+void EndEngine(EngineInstance engine) {
+    if (engine != nullptr) FT_Done_FreeType(engine);
+}
+
+EngineFace OpenEngineFace(EngineInstance engine, const char* path) {
+    FT_Face face = nullptr;
+    if (FT_New_Face(engine, path, 0, &face) != 0) return nullptr;
+    if (FT_IS_SCALABLE(face)) return face;
+    FT_Done_Face(face);
+    return nullptr;
+}
+
+void CloseEngineFace(EngineFace face) {
+    if (face != nullptr) FT_Done_Face(face);
+}
+
+EngineGlyph GlyphContainerOf(EngineFace face) { return face->glyph; }
+
+EngineSize SizeInstanceOf(EngineFace face) { return face->size; }
+
+FaceProperties ReadFaceProperties(EngineFace face) {
+    FaceProperties properties = {};
+    const auto* head = static_cast<const TT_Header*>(FT_Get_Sfnt_Table(face, FT_SFNT_HEAD));
+    const auto* os2 = static_cast<const TT_OS2*>(FT_Get_Sfnt_Table(face, FT_SFNT_OS2));
+    if (head != nullptr) properties.unitsPerEm = head->Units_Per_EM;
+    if (os2 != nullptr) {
+        properties.typoAscender = os2->sTypoAscender;
+        properties.typoDescender = os2->sTypoDescender;
+        properties.typoLineGap = os2->sTypoLineGap;
+    }
+    return properties;
+}
+
+void SetCharacterSize(EngineFace face, int emSize) {
+    const FT_F26Dot6 size = FT_F26Dot6{std::clamp(emSize, 1, kMaxEmSize)} * 64;
+    FT_Set_Char_Size(face, size, size, kDotsPerInch, kDotsPerInch);
+}
+
+SizeMetrics ReadSizeMetrics(EngineSize instance) { return {instance->metrics.y_ppem}; }
+
+int CountCharMaps(EngineFace face) { return face->num_charmaps; }
+
+bool ReadCharMapId(EngineFace face, int i, CharMapId& id) {
+    const FT_CharMap map = face->charmaps[i];
+    // A map without a format was put together from glyph names; it is listed as a Unicode map but
+    // the file does not have it.
+    if (FT_IS_SFNT(face) && FT_Get_CMap_Format(map) < 0) return false;
+    id = {map->platform_id, map->encoding_id};
+    return true;
+}
+
+EngineCharMap SelectCharMap(EngineFace face, int i) {
+    return FT_Set_Charmap(face, face->charmaps[i]) == 0 ? face->charmap : nullptr;
+}
+
+std::uint32_t GlyphIndexOf(EngineFace face, std::uint32_t code) {
+    return FT_Get_Char_Index(face, code);
+}
+
+GlyphMetrics LoadGlyph(EngineFace face, EngineGlyph container, std::uint32_t glyphIndex) {
+    GlyphMetrics metrics = {};
+    if (FT_Load_Glyph(face, glyphIndex, kLoadFlags) != 0) return metrics;
+    metrics.advance = container->metrics.horiAdvance;
+    if (container->format != FT_GLYPH_FORMAT_OUTLINE) return metrics;
+    FT_BBox box = {};
+    FT_Outline_Get_CBox(&container->outline, &box);
+    metrics.xMin = box.xMin;
+    metrics.yMin = box.yMin;
+    metrics.xMax = box.xMax;
+    metrics.yMax = box.yMax;
+    metrics.bearingX = container->metrics.horiBearingX;
+    metrics.bearingY = container->metrics.horiBearingY;
+    return metrics;
+}
+
+void RenderGlyph(EngineInstance engine, EngineGlyph container, int left, int bottom, bool smooth,
+                 const RasterMap& map) {
+    FT_Outline_Translate(&container->outline, FT_Pos{-left} * 64, FT_Pos{-bottom} * 64);
+    FT_Bitmap bitmap = {};
+    bitmap.rows = map.rows;
+    bitmap.width = map.pixelsPerRow;
+    bitmap.pitch = static_cast<int>(map.bytesPerRow);
+    bitmap.buffer = map.buffer;
+    bitmap.num_grays = smooth ? 256 : 2;
+    bitmap.pixel_mode = smooth ? FT_PIXEL_MODE_GRAY : FT_PIXEL_MODE_MONO;
+    FT_Outline_Get_Bitmap(engine, &container->outline, &bitmap);
+    if (smooth) std::transform(map.buffer, map.buffer + map.byteSize, map.buffer, NearestOfFive);
+}
+
+}  // namespace gfx

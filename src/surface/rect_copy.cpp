@@ -1,0 +1,99 @@
+// RectCopy, RectBlend, RectBlendAlpha: which pairs of formats go directly, and which through the
+// scratch row.
+#include <gfx/surface.h>
+
+#include "surface/opacity.h"
+#include "surface/pixel_format.h"
+#include "surface/rect_transfer.h"
+
+using gfx::Storage;
+
+namespace {
+
+/// The stored pixel whose colour word equals a key.
+struct StoredKey {
+    bool exists;
+    std::uint32_t pixel;
+};
+
+template <class Format>
+StoredKey StoredKeyIn(std::uint32_t key, std::uint32_t surfaceAlpha) {
+    const std::uint32_t pixel = Format::FromRgb(key);
+    return {Format::ToRgb(pixel, surfaceAlpha) == key, pixel};
+}
+
+/// A key is compared with whole colour words. Most words are no pixel's below 32 bits: such a key
+/// skips nothing.
+StoredKey StoredKeyOf(Storage storage, std::uint32_t key, std::uint32_t surfaceAlpha) {
+    switch (storage) {
+        case Storage::Grey8:
+            return StoredKeyIn<gfx::Grey8>(key, surfaceAlpha);
+        case Storage::Rgb565:
+            return StoredKeyIn<gfx::Rgb565>(key, surfaceAlpha);
+        default:
+            return StoredKeyIn<gfx::Color32>(key, surfaceAlpha);
+    }
+}
+
+}  // namespace
+
+void GfxSurface::RectCopy(int x, int y, unsigned int w, unsigned int h, int srcX, int srcY,
+                          const GfxSurface* src, bool tile) {
+    Transfer transfer{*this, src != nullptr ? *src : *this, {x, y, w, h, srcX, srcY}};
+    if (!transfer.Frame(tile)) return;
+    empty = false;
+    const Storage target = transfer.TargetStorage();
+    const Storage source = transfer.SourceStorage();
+    if (target == Storage::None || source == Storage::None) return;
+
+    const gfx::RowKernels& kernels = gfx::Kernels();
+    const gfx::FormatKernels& own = kernels[target];
+    const gfx::ClippedRect& rect = transfer.rect;
+    const auto key = transparent ? StoredKeyOf(source, transparentColor, transfer.from.alpha)
+                                 : StoredKey{false, 0};
+
+    if (source == target && !key.exists && !transfer.wraps) {
+        return own.copy(transfer.Target(), transfer.Source(), rect.w, rect.h,
+                        transfer.RunsUpwards());
+    }
+    const bool isPlainOrder = !transfer.wraps && !transfer.RunsUpwards();
+    const gfx::WriteStep step = key.exists
+                                    ? gfx::WriteStep{nullptr, own.fromWordsKeyed, transparentColor}
+                                    : gfx::WriteStep{own.fromWords, nullptr, 0};
+    unsigned done = 0;
+    if (source == target && key.exists && isPlainOrder) {
+        done = own.copyKeyed(transfer.Target(), transfer.Source(), rect.w, rect.h, key.pixel);
+    } else if (target == Storage::Color32 && !key.exists && isPlainOrder) {
+        done = kernels[source].toWords(transfer.Target(), transfer.Source(), rect.w, rect.h,
+                                       transfer.from.alpha);
+    } else {
+        return transfer.WriteWords(step);
+    }
+    transfer.ThroughScratchRow(step, done);
+}
+
+void GfxSurface::RectBlend(int x, int y, unsigned int w, unsigned int h, int srcX, int srcY,
+                           const GfxSurface* src, bool tile) {
+    Transfer transfer{*this, src != nullptr ? *src : *this, {x, y, w, h, srcX, srcY}};
+    if (!transfer.Frame(tile)) return;
+    empty = false;
+    const Storage target = transfer.TargetStorage();
+    if (target == Storage::None || transfer.SourceStorage() == Storage::None) return;
+    transfer.WriteWords({gfx::Kernels()[target].blendWords, nullptr, 0});
+}
+
+void GfxSurface::RectBlendAlpha(int x, int y, unsigned int w, unsigned int h, int srcX, int srcY,
+                                double transparency, const GfxSurface* src, bool tile) {
+    Transfer transfer{*this, src != nullptr ? *src : *this, {x, y, w, h, srcX, srcY}};
+    if (!transfer.Frame(tile)) return;
+    empty = false;
+    const Storage target = transfer.TargetStorage();
+    if (target == Storage::None || transfer.SourceStorage() == Storage::None) return;
+    const gfx::FormatKernels& kernels = gfx::Kernels()[target];
+    const std::uint32_t opacity = gfx::OpacityScale(transparency);
+    if (opacity <= gfx::kUnitOpacity) {
+        return transfer.WriteWords({nullptr, kernels.blendWordsScaled, opacity});
+    }
+    // More opaque than it is: rare, and its products leave the 16 bits of the direct way.
+    transfer.ThroughScratchRow({kernels.blendWords, nullptr, 0}, 0, opacity);
+}

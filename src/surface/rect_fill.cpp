@@ -1,0 +1,95 @@
+// Rectangle fills: solid, blended, and blended through a mask.
+#include <gfx/surface.h>
+
+#include "surface/clip.h"
+#include "surface/pixel_format.h"
+#include "surface/row_pointer.h"
+#include "surface/rows/row_dispatch.h"
+
+using gfx::ClipBounds;
+using gfx::ClippedRect;
+using gfx::PixelRows;
+using gfx::Storage;
+
+namespace {
+
+/// How a mask gives one transparency a pixel. Decided by exact depth.
+enum class MaskKind { None, Bytes, AlphaOfWords };
+
+MaskKind MaskKindOf(unsigned depth, Storage storage) {
+    if (storage == Storage::None) return MaskKind::None;
+    if (depth == 8) return MaskKind::Bytes;
+    return depth == 32 ? MaskKind::AlphaOfWords : MaskKind::None;
+}
+
+/// A row of colour words that carry a colour through n pixels of a mask row, from column `start`
+/// on, repeating at the mask's width.
+void BuildMaskedRow(std::uint32_t* words, const std::uint8_t* maskRow, MaskKind kind,
+                    unsigned maskWidth, unsigned start, unsigned n, std::uint32_t color) {
+    const std::uint32_t rgb = color & 0x00FFFFFF;
+    unsigned column = start;
+    for (unsigned i = 0; i < n; ++i) {
+        const std::uint32_t m = kind == MaskKind::Bytes
+                                    ? maskRow[column]
+                                    : gfx::AlphaOf(gfx::LoadWord(maskRow, column));
+        words[i] = gfx::MaskedAlpha(gfx::AlphaOf(color), m) << 24 | rgb;
+        if (++column == maskWidth) column = 0;
+    }
+}
+
+}  // namespace
+
+void GfxSurface::RectFill(int x, int y, unsigned int w, unsigned int h, unsigned int color) {
+    if (w == 1 && h == 1) return SetPixelRGB(x, y, color);
+    ClippedRect rect{x, y, w, h};
+    if (!ClipRectToBounds(rect, {clipX0, clipY0, clipX1, clipY1})) return;
+    empty = false;
+    const Storage storage = gfx::StorageOf(depth, pixelShift, lines);
+    gfx::Kernels()[storage].fill({lines + rect.y, static_cast<std::size_t>(rect.x)}, rect.w, rect.h,
+                                 color);
+}
+
+void GfxSurface::RectFillBlend(int x, int y, unsigned int w, unsigned int h, unsigned int color) {
+    if (w == 1 && h == 1) return SetPixelRGBBlend(x, y, color);
+    const std::uint32_t a = gfx::AlphaOf(color);
+    if (a == 0) return RectFill(x, y, w, h, color);
+    ClippedRect rect{x, y, w, h};
+    if (!ClipRectToBounds(rect, {clipX0, clipY0, clipX1, clipY1})) return;
+    empty = false;
+    if (a == 255) return;
+    const Storage storage = gfx::StorageOf(depth, pixelShift, lines);
+    gfx::Kernels()[storage].blendColor({lines + rect.y, static_cast<std::size_t>(rect.x)}, rect.w,
+                                       rect.h, color);
+}
+
+void GfxSurface::RectFillBlend(int x, int y, unsigned int w, unsigned int h, unsigned int color,
+                               int srcX, int srcY, const GfxSurface* mask) {
+    if (mask == nullptr) return RectFill(x, y, w, h, color);
+    ClippedRect rect{x, y, w, h, srcX, srcY};
+    if (!ClipRectToBounds(rect, {clipX0, clipY0, clipX1, clipY1})) return;
+    if (mask->dx == 0 || mask->dy == 0 || !ClipToSurfaceSize(rect, mask->dx, mask->dy)) return;
+    empty = false;
+    const MaskKind kind =
+        MaskKindOf(mask->depth, gfx::StorageOf(mask->depth, mask->pixelShift, mask->lines));
+    if (kind == MaskKind::None || gfx::AlphaOf(color) == 255) return;
+
+    const Storage storage = gfx::StorageOf(depth, pixelShift, lines);
+    if (storage == Storage::None) return;
+
+    const gfx::FormatKernels& kernels = gfx::Kernels()[storage];
+    const PixelRows to{lines + rect.y, static_cast<std::size_t>(rect.x)};
+    unsigned done = 0;
+    if (rect.srcX >= 0 && rect.srcY >= 0) {
+        const PixelRows from{mask->lines + rect.srcY, static_cast<std::size_t>(rect.srcX)};
+        const auto blend = kind == MaskKind::Bytes ? kernels.blendMask8 : kernels.blendMask32;
+        done = blend(to, from, rect.w, rect.h, color);
+    }
+    // What is left repeats the mask, or shares memory with it: row by row through colour words.
+    auto* const words = reinterpret_cast<std::uint8_t*>(rgbLine);
+    for (; done < rect.h; ++done) {
+        const unsigned maskRow = gfx::WrapPosition(rect.srcY + done, mask->dy);
+        BuildMaskedRow(rgbLine, mask->lines[maskRow], kind, mask->dx,
+                       gfx::WrapPosition(rect.srcX, mask->dx), rect.w, color);
+        kernels.blendWords({to.lines + done, to.x}, {&words, 0}, rect.w, 1);
+    }
+}

@@ -1,0 +1,171 @@
+// The three storage formats in vectors: how a block of pixels is loaded, stored, mixed and turned
+// into colour words. The row kernels are written once on top of these.
+//
+// A format's block holds kPixels pixels. Its Alphas are one value of 0..255 a pixel, its Colors
+// what Mix wants of the colours.
+// Unnamed namespace: see pixel_format.h.
+#ifndef GFX_SURFACE_ROWS_FORMAT_LANES_H
+#define GFX_SURFACE_ROWS_FORMAT_LANES_H
+
+#include <cstdint>
+
+#include "surface/pixel_format.h"
+#include "surface/rows/mix_lanes.h"
+
+namespace gfx {
+namespace {
+
+template <class L>
+struct Grey8Lanes {
+    using Format = Grey8;
+    using Block = typename L::U16;  // a half a pixel
+    using Alphas = Block;
+    using Colors = Block;
+    static constexpr unsigned kPixels = L::kHalves;
+
+    template <class Count>
+    static Block Load(const std::uint8_t* p, Count count) {
+        return L::LoadBytesAsHalves(p, count);
+    }
+    template <class Count>
+    static void Store(std::uint8_t* p, Block pixels, Count count) {
+        L::StoreHalvesAsBytes(p, pixels, count);
+    }
+    static Block Splat(std::uint32_t pixel) { return L::SplatHalf(pixel); }
+    static Alphas SplatAlpha(std::uint32_t alpha) { return L::SplatHalf(alpha); }
+    static Colors SplatColor(std::uint32_t color) { return Splat(RgbToGrey(color)); }
+    template <class Count>
+    static Alphas LoadMask(const std::uint8_t* p, Count count) {
+        return L::LoadBytesAsHalves(p, count);
+    }
+
+    using Words = WordPair<L>;
+    static Alphas AlphasOf(const Words& words) { return words.High() >> 8; }
+    static Block Matches(const Words& words, std::uint32_t key) {
+        return words.Map(
+            [key]<class M>(M, typename M::U32 w) { return M::AsWords(w == M::SplatWord(key)); });
+    }
+    static Block FromWords(const Words& words) {
+        return words.Map([]<class M>(M, typename M::U32 w) { return GreysOfWords<M>(w); });
+    }
+    static Colors ColorsOf(const Words& words) { return FromWords(words); }
+
+    static Block Mix(Block old, Colors colors, Alphas alphas) {
+        return MixHalves(old, colors, OldWeights(alphas)) >> 8;
+    }
+};
+
+template <class L>
+struct Rgb565Lanes {
+    using Format = Rgb565;
+    using Block = typename L::U16;
+    using Alphas = Block;
+    struct Colors {
+        Block red, green, blue;
+    };
+    static constexpr unsigned kPixels = L::kHalves;
+
+    template <class Count>
+    static Block Load(const std::uint8_t* p, Count count) {
+        return L::LoadHalves(p, count);
+    }
+    template <class Count>
+    static void Store(std::uint8_t* p, Block pixels, Count count) {
+        L::StoreHalves(p, pixels, count);
+    }
+    static Block Splat(std::uint32_t pixel) { return L::SplatHalf(pixel); }
+    static Alphas SplatAlpha(std::uint32_t alpha) { return L::SplatHalf(alpha); }
+    static Colors SplatColor(std::uint32_t color) {
+        return {L::SplatHalf(color >> 16 & 0xFF), L::SplatHalf(color >> 8 & 0xFF),
+                L::SplatHalf(color & 0xFF)};
+    }
+    template <class Count>
+    static Alphas LoadMask(const std::uint8_t* p, Count count) {
+        return L::LoadBytesAsHalves(p, count);
+    }
+
+    using Words = WordPair<L>;
+    static Alphas AlphasOf(const Words& words) { return words.High() >> 8; }
+    static Block Matches(const Words& words, std::uint32_t key) {
+        return words.Map(
+            [key]<class M>(M, typename M::U32 w) { return M::AsWords(w == M::SplatWord(key)); });
+    }
+    static Block FromWords(const Words& words) {
+        return words.Map([]<class M>(M, typename M::U32 w) { return Pixels16OfWords<M>(w); });
+    }
+    static Colors ColorsOf(const Words& words) {
+        const Block low = words.Low();
+        return {words.High() & 0xFF, low >> 8, low & 0xFF};
+    }
+
+    /// A channel at the top of its half, times 264 = 2^8 + 2^3 (6 bits: 8320 = 2^13 + 2^7, from its
+    /// own place), shifted down by 16, is the bit replication to 8 bits.
+    static Block Mix(Block old, const Colors& colors, Alphas alphas) {
+        const Block weights = OldWeights(alphas);
+        const Block red = L::MulHigh(old & 0xF800, L::SplatHalf(264));
+        const Block green = L::MulHigh(old & 0x07E0, L::SplatHalf(8320));
+        const Block blue = L::MulHigh(old << 11, L::SplatHalf(264));
+        return (MixHalves(red, colors.red, weights) & 0xF800) |
+               ((MixHalves(green, colors.green, weights) >> 5) & 0x07E0) |
+               (MixHalves(blue, colors.blue, weights) >> 11);
+    }
+};
+
+template <class L>
+struct Color32Lanes {
+    using Format = Color32;
+    using Block = typename L::U32;
+    using Alphas = Block;
+    using Colors = Block;
+    static constexpr unsigned kPixels = L::kWords;
+
+    template <class Count>
+    static Block Load(const std::uint8_t* p, Count count) {
+        return L::LoadWords(p, count);
+    }
+    template <class Count>
+    static void Store(std::uint8_t* p, Block pixels, Count count) {
+        L::StoreWords(p, pixels, count);
+    }
+    static Block Splat(std::uint32_t pixel) { return L::SplatWord(pixel); }
+    static Alphas SplatAlpha(std::uint32_t alpha) { return L::SplatWord(alpha); }
+    static Colors SplatColor(std::uint32_t color) { return L::SplatWord(color); }
+    template <class Count>
+    static Alphas LoadMask(const std::uint8_t* p, Count count) {
+        return L::LoadBytesAsWords(p, count);
+    }
+
+    struct Words {
+        Block words;
+
+        template <class Count>
+        static Words Load(const std::uint8_t* p, Count count) {
+            return {L::LoadWords(p, count)};
+        }
+    };
+    static Alphas AlphasOf(const Words& words) { return words.words >> 24; }
+    static Block Matches(const Words& words, std::uint32_t key) {
+        return L::AsWords(words.words == key);
+    }
+    static Block FromWords(const Words& words) { return words.words; }
+    static Colors ColorsOf(const Words& words) { return words.words; }
+
+    /// Red and blue share one multiplication, green and the alpha byte the other. Alpha mixes with
+    /// weight 256 and a colour of 0, which keeps the old byte.
+    static Block Mix(Block old, Colors colors, Alphas alphas) {
+        const Block weights = OldWeights(alphas);
+        const auto redBlue =
+            MixHalves(L::AsHalves(old & 0x00FF00FFU), L::AsHalves(colors & 0x00FF00FFU),
+                      L::AsHalves(weights | weights << 16)) >>
+            8;
+        const auto alphaGreen =
+            MixHalves(L::AsHalves(old) >> 8, L::AsHalves((colors >> 8) & 0x000000FFU),
+                      L::AsHalves(weights | 256U << 16));
+        return L::AsWords(redBlue) | (L::AsWords(alphaGreen) & 0xFF00FF00U);
+    }
+};
+
+}  // namespace
+}  // namespace gfx
+
+#endif  // GFX_SURFACE_ROWS_FORMAT_LANES_H

@@ -1,0 +1,101 @@
+// 128-bit vectors in the compiler's own vector types alone: what processors without a header of
+// their own get. On 64-bit Arm these come out as NEON instructions.
+#ifndef GFX_SURFACE_ROWS_LANES_PORTABLE_H
+#define GFX_SURFACE_ROWS_LANES_PORTABLE_H
+
+#include "surface/rows/lanes.h"
+
+namespace gfx {
+namespace {
+
+typedef std::uint64_t TwoWords64 __attribute__((vector_size(16)));
+
+struct PortableRegister {
+    static constexpr unsigned kBytes = 16;
+    using Raw = TwoWords64;
+
+    static Raw Load(const std::uint8_t* p) { return LoadAs<Raw>(p); }
+    static Raw Load(const std::uint8_t* p, unsigned count) {
+        if (count == 16) return Load(p);
+        const Bytes16 bytes = LoadFew(p, count);
+        return Raw{bytes.low, bytes.high};
+    }
+    static void Store(std::uint8_t* p, Raw v) { std::memcpy(p, &v, sizeof v); }
+    static void Store(std::uint8_t* p, Raw v, unsigned count) {
+        if (count == 16) return Store(p, v);
+        StoreFew(p, {v[0], v[1]}, count);
+    }
+};
+
+struct PortableLanes : BasicLanes<PortableRegister> {
+    static U16 LoadBytesAsHalves(const std::uint8_t* p, All) {
+        return WidenBytes(Raw{LoadAs<std::uint64_t>(p), 0});
+    }
+    static U16 LoadBytesAsHalves(const std::uint8_t* p, Some s) {
+        return WidenBytes(PortableRegister::Load(p, s.n));
+    }
+    static U32 LoadBytesAsWords(const std::uint8_t* p, All) {
+        return WidenHalves(WidenBytes(Raw{LoadAs<std::uint32_t>(p), 0}));
+    }
+    static U32 LoadBytesAsWords(const std::uint8_t* p, Some s) {
+        return WidenHalves(WidenBytes(PortableRegister::Load(p, s.n)));
+    }
+    static U32 LoadHalvesAsWords(const std::uint8_t* p, All) {
+        return WidenHalves(AsHalves(Raw{LoadAs<std::uint64_t>(p), 0}));
+    }
+    static U32 LoadHalvesAsWords(const std::uint8_t* p, Some s) {
+        return WidenHalves(AsHalves(PortableRegister::Load(p, 2 * s.n)));
+    }
+    /// Halves must not exceed 255.
+    static void StoreHalvesAsBytes(std::uint8_t* p, U16 v, All) {
+        StoreAs<std::uint64_t>(p, AsRaw(NarrowHalves(v))[0]);
+    }
+    static void StoreHalvesAsBytes(std::uint8_t* p, U16 v, Some s) {
+        PortableRegister::Store(p, AsRaw(NarrowHalves(v)), s.n);
+    }
+
+    /// The low, or high, halves of the words of two blocks, in their order.
+    static U16 PackLow(U32 a, U32 b) {
+        return __builtin_shufflevector(AsHalves(a), AsHalves(b), 0, 2, 4, 6, 8, 10, 12, 14);
+    }
+    static U16 PackHigh(U32 a, U32 b) {
+        return __builtin_shufflevector(AsHalves(a), AsHalves(b), 1, 3, 5, 7, 9, 11, 13, 15);
+    }
+
+    /// The high 16 bits of each product.
+    static U16 MulHigh(U16 a, U16 b) {
+        const U32 even = EvenHalves(a) * EvenHalves(b);
+        const U32 odd = (AsWords(a) >> 16) * (AsWords(b) >> 16);
+        return AsHalves((even >> 16) | (odd & 0xFFFF0000U));
+    }
+
+    /// The sums of the products of neighbouring halves, all below 2^15.
+    static U32 MulAddPairs(U16 a, U16 b) {
+        return EvenHalves(a) * EvenHalves(b) + (AsWords(a) >> 16) * (AsWords(b) >> 16);
+    }
+
+    /// Whether all bytes of two vectors are equal.
+    static bool AreEqual(U8 a, U8 b) {
+        const Raw difference = AsRaw(a) ^ AsRaw(b);
+        return (difference[0] | difference[1]) == 0;
+    }
+
+private:
+    static U32 EvenHalves(U16 v) { return AsWords(v) & 0xFFFFU; }
+    static U16 WidenBytes(Raw v) {
+        return AsHalves(__builtin_shufflevector(AsBytes(v), U8{}, 0, 16, 1, 16, 2, 16, 3, 16, 4, 16,
+                                                5, 16, 6, 16, 7, 16));
+    }
+    static U32 WidenHalves(U16 v) {
+        return AsWords(__builtin_shufflevector(v, U16{}, 0, 8, 1, 8, 2, 8, 3, 8));
+    }
+    static U8 NarrowHalves(U16 v) {
+        return __builtin_shufflevector(AsBytes(v), AsBytes(v), 0, 2, 4, 6, 8, 10, 12, 14, 0, 2, 4,
+                                       6, 8, 10, 12, 14);
+    }
+};
+
+}  // namespace
+}  // namespace gfx
+
+#endif  // GFX_SURFACE_ROWS_LANES_PORTABLE_H

@@ -1,0 +1,95 @@
+// The pixel rules of pixel_format.h for vectors, `L` being one set of vector wrappers.
+// All sums are formed in 16-bit lanes: (old - new) * weight + (new << 8) is exact there modulo
+// 2^16, because the true value old * weight + new * (256 - weight) lies in 0..65,280.
+// Unnamed namespace: see pixel_format.h.
+#ifndef GFX_SURFACE_ROWS_MIX_LANES_H
+#define GFX_SURFACE_ROWS_MIX_LANES_H
+
+#include <cstdint>
+
+#include "surface/pixel_format.h"
+#include "surface/rows/lanes.h"
+
+namespace gfx {
+namespace {
+
+/// The weights of old pixels under alphas 0..255, see OldWeight.
+template <class Vector>
+inline Vector OldWeights(Vector alphas) {
+    return alphas + (alphas >> 7);
+}
+
+/// 256 times the mixed channel; its high byte is the channel.
+template <class U16>
+inline U16 MixHalves(U16 old, U16 fresh, U16 weights) {
+    return (old - fresh) * weights + (fresh << 8);
+}
+
+/// Values up to 255 times k up to 256.
+template <class L>
+inline typename L::U16 Times(typename L::U16 values, std::uint32_t k) {
+    return values * L::SplatHalf(k);
+}
+template <class L>
+inline typename L::U32 Times(typename L::U32 values, std::uint32_t k) {
+    return L::AsWords(L::AsHalves(values) * L::SplatHalf(k));
+}
+
+/// Alphas whose opaque share is scaled by k <= 256, see scaleAlpha.
+template <class L, class Vector>
+inline Vector ScaledAlphas(Vector alphas, std::uint32_t k) {
+    return 255 - (Times<L>(255 - alphas, k) >> 8);
+}
+
+/// See MaskedAlpha. x / 255, rounded, is (x + 128 + (x + 128 >> 8)) >> 8 for x up to 65,025.
+template <class L, class Vector>
+inline Vector MaskedAlphas(Vector masks, std::uint32_t alpha) {
+    const Vector biased = Times<L>(255 - masks, 255 - alpha) + 128;
+    return 255 - ((biased + (biased >> 8)) >> 8);
+}
+
+/// Grey levels of colour words. The sum of a word's pair (blue, red + 2 green) times (103, 307).
+template <class L>
+inline typename L::U32 GreysOfWords(typename L::U32 words) {
+    const typename L::U32 pairs = (words & 0x00FF00FFU) + ((words << 9) & 0x01FE0000U);
+    const auto factors = L::AsHalves(L::SplatWord(307U << 16 | 103U));
+    return L::MulAddPairs(L::AsHalves(pairs), factors) >> 10;
+}
+
+/// 5-6-5 pixels of colour words. The sum of a word's pair (blue, red), cut to 5 bits, times
+/// (4, 8192) puts them around green's place; then all move down by 5.
+template <class L>
+inline typename L::U32 Pixels16OfWords(typename L::U32 words) {
+    const auto factors = L::AsHalves(L::SplatWord(8192U << 16 | 4U));
+    const auto redBlue = L::MulAddPairs(L::AsHalves(words & 0x00F800F8U), factors);
+    return (redBlue | (words & 0x0000FC00U)) >> 5;
+}
+
+/// As many colour words as there are halves in a register of L: two registers of them.
+template <class L>
+struct WordPair {
+    typename L::U32 first, second;
+
+    static WordPair Load(const std::uint8_t* words, All) {
+        return {L::LoadWords(words, All{}), L::LoadWords(words + L::kBytes, All{})};
+    }
+    static WordPair Load(const std::uint8_t* words, Some some) {
+        if (some.n < L::kWords) return {L::LoadWords(words, some), typename L::U32{}};
+        return {L::LoadWords(words, All{}),
+                L::LoadWords(words + L::kBytes, Some{some.n - L::kWords})};
+    }
+
+    typename L::U16 Low() const { return L::PackLow(first, second); }
+    typename L::U16 High() const { return L::PackHigh(first, second); }
+
+    /// The low halves of rule(lanes, words), a rule for registers of any width.
+    template <class Rule>
+    typename L::U16 Map(Rule rule) const {
+        return L::PackLow(rule(L{}, first), rule(L{}, second));
+    }
+};
+
+}  // namespace
+}  // namespace gfx
+
+#endif  // GFX_SURFACE_ROWS_MIX_LANES_H

@@ -1,0 +1,258 @@
+// Every row kernel once, as templates over the storage format and the vectors. Included by one file
+// for each instruction set, which defines `Wide` and `Narrow`, the vector wrappers for long and for
+// narrow rows, before it includes this; see pixel_format.h for why all of it is in an unnamed
+// namespace.
+#include "surface/rows/copy_fill.h"
+#include "surface/rows/format_lanes.h"
+#include "surface/rows/row_walk.h"
+
+namespace gfx {
+namespace {
+
+using Word = std::uint32_t;
+
+/// Selects the old pixels where a mask is set.
+template <class Block>
+inline Block KeepWhere(Block mask, Block old, Block fresh) {
+    return (old & mask) | (fresh & ~mask);
+}
+
+/// Pixels to colour words with their surface's alpha.
+template <class L>
+struct Expand {
+    typename L::U32 alpha;
+
+    template <class Count>
+    typename L::U32 operator()(Grey8, const std::uint8_t* p, Count count) const {
+        const typename L::U32 grey = L::LoadBytesAsWords(p, count);
+        return grey | grey << 8 | grey << 16 | alpha;
+    }
+
+    /// Red in the upper half and blue in the lower are widened by one multiplication, see
+    /// Rgb565Lanes::Mix.
+    template <class Count>
+    typename L::U32 operator()(Rgb565, const std::uint8_t* p, Count count) const {
+        const typename L::U32 pixel = L::LoadHalvesAsWords(p, count);
+        const typename L::U32 twice = pixel | pixel << 16;
+        const typename L::U32 redBlue = (twice & 0xF8000000U) | ((pixel << 11) & 0x0000F800U);
+        const auto wideRedBlue = L::MulHigh(L::AsHalves(redBlue), L::SplatHalf(264));
+        const auto wideGreen = L::MulHigh(L::AsHalves(pixel & 0x07E0U), L::SplatHalf(8320));
+        return L::AsWords(wideRedBlue) | L::AsWords(wideGreen) << 8 | alpha;
+    }
+
+    template <class Count>
+    typename L::U32 operator()(Color32, const std::uint8_t* p, Count count) const {
+        return L::LoadWords(p, count);
+    }
+};
+
+/// The kernels of one format over one set of vectors.
+template <template <class> class FormatLanes, class L>
+struct BlockKernels {
+    using F = FormatLanes<L>;
+    using Format = typename F::Format;
+    using Words = typename F::Words;
+
+    static void BlendColor(PixelRows to, unsigned w, unsigned h, Word color) {
+        const auto colors = F::SplatColor(color);
+        const auto alphas = F::SplatAlpha(AlphaOf(color));
+        WalkRows<Format, F::kPixels>(to, w, h, [=](std::uint8_t* p, auto count) {
+            F::Store(p, F::Mix(F::Load(p, count), colors, alphas), count);
+        });
+    }
+
+    static unsigned BlendMask8(PixelRows to, PixelRows mask, unsigned w, unsigned h, Word color) {
+        const auto colors = F::SplatColor(color);
+        const Word alpha = AlphaOf(color);
+        if (alpha == 0) {
+            return WalkRowPairs<Format, Grey8, F::kPixels>(
+                to, mask, w, h, [=](std::uint8_t* p, const std::uint8_t* m, auto count) {
+                    F::Store(p, F::Mix(F::Load(p, count), colors, F::LoadMask(m, count)), count);
+                });
+        }
+        return WalkRowPairs<Format, Grey8, F::kPixels>(
+            to, mask, w, h, [=](std::uint8_t* p, const std::uint8_t* m, auto count) {
+                const auto alphas = MaskedAlphas<L>(F::LoadMask(m, count), alpha);
+                F::Store(p, F::Mix(F::Load(p, count), colors, alphas), count);
+            });
+    }
+
+    static unsigned BlendMask32(PixelRows to, PixelRows mask, unsigned w, unsigned h, Word color) {
+        const auto colors = F::SplatColor(color);
+        const Word alpha = AlphaOf(color);
+        return WalkRowPairs<Format, Color32, F::kPixels>(
+            to, mask, w, h, [=](std::uint8_t* p, const std::uint8_t* m, auto count) {
+                const auto alphas = MaskedAlphas<L>(F::AlphasOf(Words::Load(m, count)), alpha);
+                F::Store(p, F::Mix(F::Load(p, count), colors, alphas), count);
+            });
+    }
+
+    static unsigned CopyKeyed(PixelRows to, PixelRows from, unsigned w, unsigned h, Word key) {
+        const auto keys = F::Splat(key);
+        return WalkRowPairs<Format, Format, F::kPixels>(
+            to, from, w, h, [=](std::uint8_t* p, const std::uint8_t* source, auto count) {
+                const auto pixels = F::Load(source, count);
+                const auto isKey = reinterpret_cast<typename F::Block>(pixels == keys);
+                F::Store(p, KeepWhere(isKey, F::Load(p, count), pixels), count);
+            });
+    }
+
+    static unsigned ToWords(PixelRows to, PixelRows from, unsigned w, unsigned h, Word alpha) {
+        const Expand<L> expand{L::SplatWord(alpha << 24)};
+        return WalkRowPairs<Color32, Format, L::kWords>(
+            to, from, w, h, [=](std::uint8_t* p, const std::uint8_t* source, auto count) {
+                L::StoreWords(p, expand(Format{}, source, count), count);
+            });
+    }
+
+    static unsigned FromWords(PixelRows to, PixelRows from, unsigned w, unsigned h) {
+        return WalkRowPairs<Format, Color32, F::kPixels>(
+            to, from, w, h, [](std::uint8_t* p, const std::uint8_t* source, auto count) {
+                F::Store(p, F::FromWords(Words::Load(source, count)), count);
+            });
+    }
+
+    static unsigned FromWordsKeyed(PixelRows to, PixelRows from, unsigned w, unsigned h, Word key) {
+        return WalkRowPairs<Format, Color32, F::kPixels>(
+            to, from, w, h, [=](std::uint8_t* p, const std::uint8_t* source, auto count) {
+                const Words words = Words::Load(source, count);
+                F::Store(p,
+                         KeepWhere(F::Matches(words, key), F::Load(p, count), F::FromWords(words)),
+                         count);
+            });
+    }
+
+    static unsigned BlendWords(PixelRows to, PixelRows from, unsigned w, unsigned h) {
+        return WalkRowPairs<Format, Color32, F::kPixels>(
+            to, from, w, h, [](std::uint8_t* p, const std::uint8_t* source, auto count) {
+                const Words words = Words::Load(source, count);
+                F::Store(p, F::Mix(F::Load(p, count), F::ColorsOf(words), F::AlphasOf(words)),
+                         count);
+            });
+    }
+
+    static unsigned BlendWordsScaled(PixelRows to, PixelRows from, unsigned w, unsigned h, Word k) {
+        return WalkRowPairs<Format, Color32, F::kPixels>(
+            to, from, w, h, [=](std::uint8_t* p, const std::uint8_t* source, auto count) {
+                const Words words = Words::Load(source, count);
+                const auto alphas = ScaledAlphas<L>(F::AlphasOf(words), k);
+                F::Store(p, F::Mix(F::Load(p, count), F::ColorsOf(words), alphas), count);
+            });
+    }
+};
+
+/// The pixel that a colour is stored as, repeated through a word.
+template <class Format>
+inline Word FillPattern(Word color) {
+    constexpr Word kRepeats[] = {0, 0x01010101, 0x00010001, 0, 1};
+    return Format::FromRgb(color) * kRepeats[sizeof(typename Format::Unit)];
+}
+
+template <class Format, class L>
+void Fill(PixelRows to, unsigned w, unsigned h, Word color) {
+    const auto pattern = L::AsBytes(L::SplatWord(FillPattern<Format>(color)));
+    for (unsigned j = 0; j < h; ++j) {
+        FillBytes<L>(RowOf<Format>(to, j), BytesOf<Format>(w), pattern);
+    }
+}
+
+template <class Format, class L>
+void Copy(PixelRows to, PixelRows from, unsigned w, unsigned h, bool upwards) {
+    if (w == 1 && h == 1) {
+        StorePixel<Format>(RowOf<Format>(to, 0), 0, LoadPixel<Format>(RowOf<Format>(from, 0), 0));
+        return;
+    }
+    for (unsigned i = 0; i < h; ++i) {
+        const unsigned j = upwards ? h - 1 - i : i;
+        CopyBytes<L>(RowOf<Format>(to, j), RowOf<Format>(from, j), BytesOf<Format>(w));
+    }
+}
+
+template <class Format>
+unsigned ToDisplay555(PixelRows to, PixelRows from, unsigned w, unsigned h) {
+    for (unsigned j = 0; j < h; ++j) {
+        std::uint8_t* const row = RowOf<Rgb565>(to, j);
+        const std::uint8_t* const source = RowOf<Format>(from, j);
+        for (std::size_t i = 0; i < w; ++i) {
+            const Word pixel = RgbToPixel16(Format::ToRgb(LoadPixel<Format>(source, i), 0));
+            StorePixel<Rgb565>(row, i, (pixel >> 1 & 0x7FE0) | (pixel & 0x001F));
+        }
+    }
+    return h;
+}
+
+void ScaleAlpha(std::uint8_t* words, std::size_t n, Word k) {
+    for (std::size_t i = 0; i < n; ++i) {
+        const Word word = LoadPixel<Color32>(words, i);
+        const Word share = (255 - AlphaOf(word)) * k >> 8;
+        const Word alpha = 255 - (share > 255 ? 255 : share);
+        StorePixel<Color32>(words, i, alpha << 24 | (word & 0x00FFFFFF));
+    }
+}
+
+// Rows up to so many blocks of `Narrow` take it: masked 512-bit vectors cost such rows more than
+// they give. Where each pixel takes many instructions, only rows of one block do. Picked once a
+// rectangle.
+constexpr unsigned kLightBlocks = 2;
+constexpr unsigned kHeavyBlocks = 1;
+
+template <class F, auto kWide, auto kNarrow>
+void PickUpdate(PixelRows to, unsigned w, unsigned h, Word value) {
+    w <= kLightBlocks* F::kPixels ? kNarrow(to, w, h, value) : kWide(to, w, h, value);
+}
+
+template <class F, auto kWide, auto kNarrow>
+void PickCopy(PixelRows to, PixelRows from, unsigned w, unsigned h, bool upwards) {
+    w <= kLightBlocks* F::kPixels ? kNarrow(to, from, w, h, upwards)
+                                  : kWide(to, from, w, h, upwards);
+}
+
+template <class F, unsigned kBlocks, auto kWide, auto kNarrow, class... Value>
+unsigned PickPair(PixelRows to, PixelRows from, unsigned w, unsigned h, Value... value) {
+    return w <= kBlocks * F::kPixels ? kNarrow(to, from, w, h, value...)
+                                     : kWide(to, from, w, h, value...);
+}
+
+template <template <class> class FormatLanes>
+struct FormatTable {
+    using F = FormatLanes<Narrow>;
+    using Format = typename F::Format;
+    using W = BlockKernels<FormatLanes, Wide>;
+    using N = BlockKernels<FormatLanes, Narrow>;
+
+    static constexpr FormatKernels kTable = {
+        PickUpdate<F, Fill<Format, Wide>, Fill<Format, Narrow>>,
+        PickUpdate<F, W::BlendColor, N::BlendColor>,
+        PickPair<F, kHeavyBlocks, W::BlendMask8, N::BlendMask8, Word>,
+        PickPair<F, kHeavyBlocks, W::BlendMask32, N::BlendMask32, Word>,
+        PickCopy<F, Copy<Format, Wide>, Copy<Format, Narrow>>,
+        PickPair<F, kLightBlocks, W::CopyKeyed, N::CopyKeyed, Word>,
+        PickPair<F, kLightBlocks, W::ToWords, N::ToWords, Word>,
+        PickPair<F, kLightBlocks, W::FromWords, N::FromWords>,
+        PickPair<F, kLightBlocks, W::FromWordsKeyed, N::FromWordsKeyed, Word>,
+        PickPair<F, kHeavyBlocks, W::BlendWords, N::BlendWords>,
+        PickPair<F, kHeavyBlocks, W::BlendWordsScaled, N::BlendWordsScaled, Word>,
+        ToDisplay555<Format>};
+};
+
+/// A format that stores nothing: every kernel does nothing and has done all rows.
+struct NoTable {
+    static void Update(PixelRows, unsigned, unsigned, Word) {}
+    static unsigned Combine(PixelRows, PixelRows, unsigned, unsigned h) { return h; }
+    static unsigned CombineWith(PixelRows, PixelRows, unsigned, unsigned h, Word) { return h; }
+    static void Copy(PixelRows, PixelRows, unsigned, unsigned, bool) {}
+
+    static constexpr FormatKernels kTable = {Update,      Update,      CombineWith, CombineWith,
+                                             Copy,        CombineWith, CombineWith, Combine,
+                                             CombineWith, Combine,     CombineWith, Combine};
+};
+
+constexpr RowKernels MakeRowKernels(const char* name) {
+    return {name,
+            {NoTable::kTable, FormatTable<Grey8Lanes>::kTable, FormatTable<Rgb565Lanes>::kTable,
+             FormatTable<Color32Lanes>::kTable},
+            ScaleAlpha};
+}
+
+}  // namespace
+}  // namespace gfx

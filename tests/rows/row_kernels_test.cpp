@@ -1,0 +1,347 @@
+// Every row kernel of every table against the one-pixel rules of pixel_format.h, over all short
+// widths and alignments, with canaries around the rows.
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <functional>
+#include <random>
+#include <string>
+
+#include "rows/kernel_tables.h"
+#include "support/fenced_memory.h"
+#include "surface/pixel_format.h"
+
+namespace test {
+namespace {
+
+using gfx::AlphaOf;
+using gfx::Color32;
+using gfx::FormatKernels;
+using gfx::Grey8;
+using gfx::PixelRows;
+using gfx::Rgb565;
+using gfx::RowKernels;
+using gfx::Storage;
+
+using Word = std::uint32_t;
+
+std::mt19937 generator(20240607);
+
+Word RandomBits() { return static_cast<Word>(generator()); }
+
+/// Alpha bytes of 0, 255 and around 127 are as likely as all others together.
+Word RandomWord() {
+    const Word word = RandomBits();
+    const Word alphas[] = {0x00, 0xFF, 0x7F, 0x80};
+    return RandomBits() % 2 == 0 ? word : (word & 0x00FFFFFF) | alphas[RandomBits() % 4] << 24;
+}
+
+Word Load(Storage storage, const std::uint8_t* row, std::size_t x) {
+    switch (storage) {
+        case Storage::Grey8:
+            return gfx::LoadPixel<Grey8>(row, x);
+        case Storage::Rgb565:
+            return gfx::LoadPixel<Rgb565>(row, x);
+        default:
+            return gfx::LoadPixel<Color32>(row, x);
+    }
+}
+
+std::size_t UnitSize(Storage storage) {
+    return std::size_t{1} << (static_cast<unsigned>(storage) - 1);
+}
+
+/// The three formats' rules by storage.
+struct PlainRules {
+    Word (*fromRgb)(Word);
+    Word (*toRgb)(Word, Word);
+    Word (*blend)(Word, Word);
+};
+
+PlainRules RulesOf(Storage storage) {
+    switch (storage) {
+        case Storage::Grey8:
+            return {Grey8::FromRgb, Grey8::ToRgb, Grey8::Blend};
+        case Storage::Rgb565:
+            return {Rgb565::FromRgb, Rgb565::ToRgb, Rgb565::Blend};
+        default:
+            return {Color32::FromRgb, Color32::ToRgb, Color32::Blend};
+    }
+}
+
+/// One call of a kernel and what it makes of a pixel: (old pixel, source pixel) -> pixel.
+struct Operation {
+    std::string name;
+    Storage target;
+    Storage source;
+    std::function<unsigned(PixelRows, PixelRows, unsigned, unsigned)> run;
+    std::function<Word(Word, Word)> rule;
+};
+
+Word PlainScale(Word word, Word k) {
+    const Word share = (255 - AlphaOf(word)) * k >> 8;
+    return (255 - std::min<Word>(share, 255)) << 24 | (word & 0x00FFFFFF);
+}
+
+Word ToDisplay(Word color) {
+    return (color >> 9 & 0x7C00) | (color >> 6 & 0x03E0) | (color >> 3 & 0x001F);
+}
+
+/// All operations of one table on one format, with the given arguments.
+std::vector<Operation> OperationsOf(const RowKernels& table, Storage storage, Word color,
+                                    Word key) {
+    const FormatKernels& k = table[storage];
+    const PlainRules rules = RulesOf(storage);
+    const Word alpha = color >> 8 & 0xFF;
+    const Word scale = key % 257;
+    const Word storedKey = rules.fromRgb(key);
+    const auto masked = [=](Word m) {
+        return gfx::MaskedAlpha(AlphaOf(color), m) << 24 | (color & 0x00FFFFFF);
+    };
+    const Storage none = Storage::None;
+    const Storage words = Storage::Color32;
+    return {
+        {"fill", storage, none,
+         [=](PixelRows to, PixelRows, unsigned w, unsigned h) {
+             return k.fill(to, w, h, color), h;
+         },
+         [=](Word, Word) { return rules.fromRgb(color); }},
+        {"blendColor", storage, none,
+         [=](PixelRows to, PixelRows, unsigned w, unsigned h) {
+             return k.blendColor(to, w, h, color), h;
+         },
+         [=](Word old, Word) { return rules.blend(old, color); }},
+        {"blendMask8", storage, Storage::Grey8,
+         [=](auto to, auto from, auto w, auto h) { return k.blendMask8(to, from, w, h, color); },
+         [=](Word old, Word m) { return rules.blend(old, masked(m)); }},
+        {"blendMask8 opaque", storage, Storage::Grey8,
+         [=](auto to, auto from, auto w, auto h) {
+             return k.blendMask8(to, from, w, h, color & 0x00FFFFFF);
+         },
+         [=](Word old, Word m) { return rules.blend(old, m << 24 | (color & 0x00FFFFFF)); }},
+        {"blendMask32", storage, words,
+         [=](auto to, auto from, auto w, auto h) { return k.blendMask32(to, from, w, h, color); },
+         [=](Word old, Word m) { return rules.blend(old, masked(AlphaOf(m))); }},
+        {"copy", storage, storage,
+         [=](auto to, auto from, auto w, auto h) { return k.copy(to, from, w, h, false), h; },
+         [=](Word, Word pixel) { return pixel; }},
+        {"copyKeyed", storage, storage,
+         [=](auto to, auto from, auto w, auto h) { return k.copyKeyed(to, from, w, h, storedKey); },
+         [=](Word old, Word pixel) { return pixel == storedKey ? old : pixel; }},
+        {"toWords", words, storage,
+         [=](auto to, auto from, auto w, auto h) { return k.toWords(to, from, w, h, alpha); },
+         [=](Word, Word pixel) { return rules.toRgb(pixel, alpha); }},
+        {"fromWords", storage, words,
+         [=](auto to, auto from, auto w, auto h) { return k.fromWords(to, from, w, h); },
+         [=](Word, Word word) { return rules.fromRgb(word); }},
+        {"fromWordsKeyed", storage, words,
+         [=](auto to, auto from, auto w, auto h) { return k.fromWordsKeyed(to, from, w, h, key); },
+         [=](Word old, Word word) { return word == key ? old : rules.fromRgb(word); }},
+        {"blendWords", storage, words,
+         [=](auto to, auto from, auto w, auto h) { return k.blendWords(to, from, w, h); },
+         [=](Word old, Word word) { return rules.blend(old, word); }},
+        {"blendWordsScaled", storage, words,
+         [=](auto to, auto from, auto w, auto h) {
+             return k.blendWordsScaled(to, from, w, h, scale);
+         },
+         [=](Word old, Word word) { return rules.blend(old, PlainScale(word, scale)); }},
+        {"toDisplay555", Storage::Rgb565, storage,
+         [=](auto to, auto from, auto w, auto h) { return k.toDisplay555(to, from, w, h); },
+         [=](Word, Word pixel) { return ToDisplay(rules.toRgb(pixel, 0)); }},
+    };
+}
+
+/// Rows of random pixels between canaries, and their row table.
+struct Rows {
+    Rows(Storage storage, unsigned columns, unsigned h, unsigned offset)
+        : memory(columns * UnitSize(storage), h, 3, offset) {
+        for (unsigned y = 0; y < h; ++y) {
+            table.push_back(memory.Row(y));
+            for (std::size_t i = 0; i < columns * UnitSize(storage); ++i) {
+                memory.Row(y)[i] = static_cast<std::uint8_t>(RandomBits());
+            }
+        }
+    }
+
+    FencedMemory memory;
+    std::vector<std::uint8_t*> table;
+};
+
+/// Colour words with telling alphas, some equal to the key; or pixels, some equal to it.
+void Seed(Rows& rows, Storage storage, unsigned columns, Word key) {
+    for (std::uint8_t* row : rows.table) {
+        for (unsigned x = 0; x < columns; ++x) {
+            const bool isKey = RandomBits() % 8 == 0;
+            if (storage == Storage::Color32) {
+                gfx::StorePixel<Color32>(row, x, isKey ? key : RandomWord());
+            } else if (isKey && storage == Storage::Rgb565) {
+                gfx::StorePixel<Rgb565>(row, x, Rgb565::FromRgb(key));
+            } else if (isKey) {
+                row[x] = static_cast<std::uint8_t>(Grey8::FromRgb(key));
+            }
+        }
+    }
+}
+
+void Compare(const RowKernels& table, const Operation& op, unsigned w, unsigned offset, Word key) {
+    constexpr unsigned kHeight = 2;
+    const unsigned columns = w + offset;
+    Rows target(op.target, columns, kHeight, offset);
+    const Storage source = op.source == Storage::None ? Storage::Grey8 : op.source;
+    Rows from(source, columns, kHeight, (offset + 1) % 4);
+    Seed(from, source, columns, key);
+    const FencedMemory before = target.memory;
+    const FencedMemory sourceBefore = from.memory;
+
+    ASSERT_EQ(kHeight,
+              op.run({target.table.data(), offset}, {from.table.data(), offset}, w, kHeight));
+
+    ASSERT_TRUE(target.memory.IsFenceWhole() && from.memory.IsFenceWhole()) << op.name;
+    for (unsigned y = 0; y < kHeight; ++y) {
+        for (unsigned x = 0; x < columns; ++x) {
+            const Word old = Load(op.target, before.Row(y), x);
+            const Word pixel = Load(source, sourceBefore.Row(y), x);
+            const Word expected = x < offset ? old : op.rule(old, pixel);
+            ASSERT_EQ(expected, Load(op.target, target.memory.Row(y), x))
+                << table.name << " " << op.name << " storage " << static_cast<unsigned>(op.target)
+                << " from " << static_cast<unsigned>(source) << ", w " << w << ", offset " << offset
+                << ", at (" << x << ", " << y << "), old " << std::hex << old << ", source "
+                << pixel;
+        }
+    }
+}
+
+class EachFormat : public testing::TestWithParam<Storage> {};
+
+TEST_P(EachFormat, Kernels_give_the_pixels_of_the_plain_rules_at_every_width_and_offset) {
+    for (const RowKernels* table : AllTables()) {
+        for (unsigned w = 0; w <= 67; ++w) {
+            for (unsigned offset = 0; offset <= 4; ++offset) {
+                const Word key = RandomWord();
+                for (const Operation& op : OperationsOf(*table, GetParam(), RandomWord(), key)) {
+                    Compare(*table, op, w, offset, key);
+                    if (HasFatalFailure()) return;
+                }
+            }
+        }
+    }
+}
+
+TEST_P(EachFormat, Kernels_give_the_pixels_of_the_plain_rules_on_long_rows) {
+    for (const RowKernels* table : AllTables()) {
+        for (unsigned round = 0; round < 60; ++round) {
+            const Word key = RandomWord();
+            const unsigned w = 68 + RandomBits() % 1200;
+            for (const Operation& op : OperationsOf(*table, GetParam(), RandomWord(), key)) {
+                Compare(*table, op, w, RandomBits() % 5, key);
+                if (HasFatalFailure()) return;
+            }
+        }
+    }
+}
+
+std::string NameOf(const testing::TestParamInfo<Storage>& info) {
+    const char* const names[] = {"None", "Grey8", "Rgb565", "Color32"};
+    return names[static_cast<unsigned>(info.param)];
+}
+
+INSTANTIATE_TEST_SUITE_P(RowKernels, EachFormat,
+                         testing::Values(Storage::Grey8, Storage::Rgb565, Storage::Color32),
+                         NameOf);
+
+/// Blends one row of all pixels of a format with one colour after another.
+template <class Format>
+void BlendAllPixels(unsigned pixels, const std::vector<Word>& colors) {
+    std::vector<std::uint8_t> row(pixels * sizeof(typename Format::Unit));
+    std::uint8_t* const line = row.data();
+    for (const RowKernels* table : AllTables()) {
+        for (Word alpha = 0; alpha < 256; ++alpha) {
+            for (const Word rgb : colors) {
+                const Word color = alpha << 24 | rgb;
+                for (unsigned p = 0; p < pixels; ++p)
+                    gfx::StorePixel<Format>(line, p, p);
+                table->formats[sizeof(typename Format::Unit)].blendColor({&line, 0}, pixels, 1,
+                                                                         color);
+                for (unsigned p = 0; p < pixels; ++p) {
+                    ASSERT_EQ(Format::Blend(p, color), gfx::LoadPixel<Format>(line, p))
+                        << table->name << " pixel " << std::hex << p << " color " << color;
+                }
+            }
+        }
+    }
+}
+
+TEST(RowKernels, Blend_every_565_pixel_with_every_alpha) {
+    BlendAllPixels<Rgb565>(65536, {0x00C35A11});
+}
+
+TEST(RowKernels, Blend_every_grey_pixel_with_every_alpha_and_grey) {
+    std::vector<Word> greys;
+    for (Word grey = 0; grey < 256; ++grey)
+        greys.push_back(grey * 0x010101);
+    BlendAllPixels<Grey8>(256, greys);
+}
+
+TEST(RowKernels, Every_mask_value_takes_every_alpha_of_a_colour) {
+    std::vector<std::uint8_t> masks(256);
+    for (unsigned m = 0; m < 256; ++m)
+        masks[m] = static_cast<std::uint8_t>(m);
+    std::uint8_t* mask = masks.data();
+    for (const RowKernels* table : AllTables()) {
+        for (Word alpha = 0; alpha < 256; ++alpha) {
+            const Word color = alpha << 24 | 0x00A1FF07;
+            std::vector<Word> row(256, 0x55123456);
+            auto* line = reinterpret_cast<std::uint8_t*>(row.data());
+            (*table)[Storage::Color32].blendMask8({&line, 0}, {&mask, 0}, 256, 1, color);
+            for (Word m = 0; m < 256; ++m) {
+                const Word masked = gfx::MaskedAlpha(alpha, m) << 24 | 0x00A1FF07;
+                ASSERT_EQ(Color32::Blend(0x55123456, masked), row[m])
+                    << table->name << " alpha " << alpha << " mask " << m;
+            }
+        }
+    }
+}
+
+TEST(RowKernels, Every_565_pixel_becomes_its_colour_word) {
+    std::vector<std::uint16_t> pixels(65536);
+    for (unsigned p = 0; p < 65536; ++p)
+        pixels[p] = static_cast<std::uint16_t>(p);
+    auto* from = reinterpret_cast<std::uint8_t*>(pixels.data());
+    for (const RowKernels* table : AllTables()) {
+        std::vector<Word> words(65536);
+        auto* to = reinterpret_cast<std::uint8_t*>(words.data());
+        (*table)[Storage::Rgb565].toWords({&to, 0}, {&from, 0}, 65536, 1, 0x3C);
+        for (unsigned p = 0; p < 65536; ++p) {
+            ASSERT_EQ(gfx::Pixel16ToRgb(p, 0x3C), words[p]) << table->name;
+        }
+    }
+}
+
+TEST(RowKernels, Scaling_alphas_follows_the_plain_rule_for_every_alpha_and_scale) {
+    for (const RowKernels* table : AllTables()) {
+        for (const Word k : {0U, 1U, 64U, 127U, 128U, 192U, 255U, 256U, 257U, 512U, 65536U}) {
+            std::vector<Word> words(256);
+            for (Word a = 0; a < 256; ++a)
+                words[a] = a << 24 | 0x00123456;
+            table->scaleAlpha(reinterpret_cast<std::uint8_t*>(words.data()), words.size(), k);
+            for (Word a = 0; a < 256; ++a) {
+                ASSERT_EQ(PlainScale(a << 24 | 0x00123456, k), words[a]) << table->name;
+            }
+        }
+    }
+}
+
+TEST(RowKernels, Rows_that_share_memory_are_left_to_the_caller) {
+    std::vector<std::uint8_t> memory(4096);
+    for (const RowKernels* table : AllTables()) {
+        const FormatKernels& k = (*table)[Storage::Color32];
+        std::uint8_t* rows[] = {memory.data(), memory.data() + 1024, memory.data() + 2048};
+        std::uint8_t* sources[] = {memory.data() + 3072, memory.data() + 1024 + 396,
+                                   memory.data() + 3072};
+        EXPECT_EQ(1U, k.blendWords({rows, 0}, {sources, 0}, 100, 3)) << table->name;
+        EXPECT_EQ(3U, k.blendWords({rows, 0}, {sources, 0}, 99, 3)) << table->name;
+    }
+}
+
+}  // namespace
+}  // namespace test

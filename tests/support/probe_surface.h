@@ -1,0 +1,70 @@
+// A surface whose protected fields and operations the tests can reach, as a derived surface can.
+#pragma once
+
+#include <gfx/surface.h>
+
+#include <algorithm>
+#include <memory>
+
+namespace test {
+
+class ProbeSurface : public GfxSurface {
+public:
+    explicit ProbeSurface(unsigned bitsPerPixel) : GfxSurface(bitsPerPixel) {}
+    ~ProbeSurface() noexcept(false) override = default;
+
+    using GfxSurface::allocDX;
+    using GfxSurface::allocDY;
+    using GfxSurface::bytesPerPixel;
+    using GfxSurface::clipX0;
+    using GfxSurface::clipX1;
+    using GfxSurface::clipY0;
+    using GfxSurface::clipY1;
+    using GfxSurface::dots;
+    using GfxSurface::lines;
+    using GfxSurface::ownsSurface;
+    using GfxSurface::pixelShift;
+    using GfxSurface::rgbLine;
+    using GfxSurface::surface;
+    using GfxSurface::transparent;
+    using GfxSurface::transparentColor;
+
+    using GfxSurface::BlendWithRGB;
+    using GfxSurface::CombineRGBAlpha;
+    using GfxSurface::ComputeLineDotsDX;
+    using GfxSurface::ComputeLineDotsDY;
+    using GfxSurface::ConvertFromRGB;
+    using GfxSurface::ConvertTileToRGB;
+    using GfxSurface::ConvertToRGB;
+    using GfxSurface::ExtractFromRGB;
+    using GfxSurface::ExtractMonoAlphaFromRGB;
+    using GfxSurface::ExtractMonoFromRGB;
+    using GfxSurface::InsertIntoRGB;
+    using GfxSurface::InsertMonoIntoRGB;
+};
+
+/// A derived surface that lays its rows where it likes: row 0 is the last one in memory.
+class BottomUpSurface : public ProbeSurface {
+public:
+    using ProbeSurface::ProbeSurface;
+
+protected:
+    void AllocLinesForSurface() override {
+        ProbeSurface::AllocLinesForSurface();
+        if (lines != nullptr) std::reverse(lines, lines + DY());
+    }
+};
+
+/// Owns a surface made with GfxSurface::New.
+struct SurfaceDeleter {
+    void operator()(GfxSurface* s) const { GfxSurface::Delete(s); }
+};
+using SurfacePtr = std::unique_ptr<GfxSurface, SurfaceDeleter>;
+
+inline SurfacePtr MakeSurface(unsigned bitsPerPixel, unsigned w, unsigned h) {
+    SurfacePtr made(GfxSurface::New(bitsPerPixel));
+    made->Initialise(w, h);
+    return made;
+}
+
+}  // namespace test

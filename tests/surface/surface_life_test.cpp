@@ -1,0 +1,359 @@
+// Life and memory of a surface: what it asks the hooks for and returns to them, its sizes, its clip
+// rectangle, and what a derived class may supply.
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <functional>
+#include <numeric>
+#include <string>
+#include <vector>
+
+#include "support/fenced_memory.h"
+#include "support/hook_ledger.h"
+#include "support/probe_surface.h"
+#include "surface/model.h"
+
+namespace test {
+namespace {
+
+template <typename Action>
+std::string FailureOf(Action action) {
+    try {
+        action();
+    } catch (const char* text) {
+        return text;
+    }
+    return "none";
+}
+
+std::vector<std::int64_t> Layout(const ProbeSurface& s) {
+    return {s.DX(),   s.DY(),   s.allocDX, s.allocDY, s.Pitch(),
+            s.clipX0, s.clipY0, s.clipX1,  s.clipY1,  s.ownsSurface};
+}
+
+TEST(SurfaceLife, Depths_above_32_throw_the_limit_and_leave_no_block) {
+    for (const unsigned bits : {33u, 64u, UINT_MAX}) {
+        LedgerCheck ledger;
+        EXPECT_EQ("bpp < 33", FailureOf([&] { GfxSurface::New(bits); })) << "depth " << bits;
+    }
+}
+
+TEST(SurfaceLife, Every_depth_starts_without_memory_and_gets_its_pixel_size) {
+    for (unsigned bits = 0; bits <= 32; ++bits) {
+        LedgerCheck ledger;
+        ProbeSurface s(bits);
+        const unsigned bytes = bits == 0 ? 0 : bits <= 8 ? 1 : bits <= 16 ? 2 : 4;
+        EXPECT_EQ(bytes, s.bytesPerPixel) << "depth " << bits;
+        EXPECT_EQ(bytes == 4 ? 2u : bytes == 2 ? 1u : 0u, s.pixelShift) << "depth " << bits;
+        EXPECT_EQ(bits, s.Depth());
+        EXPECT_EQ(std::vector<std::int64_t>(10), Layout(s)) << "depth " << bits;
+        EXPECT_EQ(0u, s.Alpha() + s.transparentColor + s.transparent + s.IsEmpty());
+        EXPECT_TRUE(!s.surface && !s.lines && !s.rgbLine && !s.dots) << "depth " << bits;
+        s.Clear();
+        EXPECT_TRUE(s.IsEmpty()) << "Clear without memory sets the flag";
+    }
+}
+
+TEST(SurfaceLife, New_gives_null_when_the_hook_does_and_Delete_nulls_its_pointer) {
+    LedgerCheck ledger;
+    HookLedger::DeliverNullOnce();
+    EXPECT_EQ(nullptr, GfxSurface::New(32));
+    GfxSurface* s = nullptr;
+    GfxSurface::Delete(s);
+    s = GfxSurface::New(8);
+    ASSERT_NE(nullptr, s);
+    GfxSurface::Delete(s);
+    EXPECT_EQ(nullptr, s);
+}
+
+TEST(SurfaceLife, Blocks_have_exactly_their_stated_sizes_and_go_back_in_order) {
+    LedgerCheck ledger;
+    ProbeSurface s(24);
+    HookLedger::StartTrace();
+    s.Initialise(10, 5);
+    s.DrawLine(0, 0, 5, 3, 0);
+    const void* const held[] = {s.lines, s.surface, s.rgbLine, s.dots};
+    s.Initialise(0, 0);
+    const std::vector<HookCall> calls = HookLedger::TakeTrace();
+    const unsigned long sizes[] = {240, 5 * sizeof(void*), 40, 10000 * sizeof(GfxSurface::LineDot)};
+    ASSERT_EQ(11u, calls.size());
+    for (std::size_t i = 0; i < 4; ++i) {
+        EXPECT_EQ(sizes[i], calls[i].size) << "request " << i;
+        EXPECT_EQ(held[i], calls[4 + i].block) << "return " << i;
+        EXPECT_FALSE(calls[4 + i].isAlloc) << "return " << i;
+    }
+    for (std::size_t i = 8; i < 11; ++i)
+        EXPECT_TRUE(calls[i].isAlloc && calls[i].size == 0) << "empty request " << i;
+}
+
+TEST(SurfaceLife, Host_memory_is_neither_requested_nor_returned) {
+    LedgerCheck ledger;
+    FencedMemory memory(14, 3, 1);
+    HookLedger::StartTrace();
+    {
+        ProbeSurface s(16);
+        s.Initialise(7, 3, memory.Data(), memory.Pitch(), true);
+        EXPECT_TRUE(s.IsEmpty());
+        for (int y = 0; y < 3; ++y)
+            EXPECT_EQ(memory.Row(static_cast<std::size_t>(y)), s.Line(y)) << "row " << y;
+    }
+    const std::vector<HookCall> calls = HookLedger::TakeTrace();
+    ASSERT_EQ(4u, calls.size()) << "row table and scratch row, there and back";
+    EXPECT_EQ(3 * sizeof(void*), calls[0].size);
+    EXPECT_EQ(7 * 4u, calls[1].size);
+}
+
+TEST(SurfaceLife, Initialise_rounds_rows_up_and_gives_zeroed_memory) {
+    static constexpr unsigned kCases[][3] = {
+        // depth, width, pitch
+        {24, 10, 48}, {16, 7, 16}, {8, 1, 16},  {1, 100, 14}, {1, 17, 4},  {1, 16, 2}, {1, 1, 2},
+        {8, 16, 16},  {8, 17, 32}, {16, 8, 16}, {9, 9, 32},   {32, 5, 32}, {0, 50, 0}, {17, 0, 0}};
+    for (const auto& [bits, w, pitch] : kCases) {
+        LedgerCheck ledger;
+        ProbeSurface s(bits);
+        s.Initialise(w, 3);
+        EXPECT_EQ(pitch, s.Pitch()) << "depth " << bits << ", width " << w;
+        EXPECT_EQ((std::vector<std::int64_t>{w, 3, w, 3, pitch, 0, 0, w, 3, 1}), Layout(s));
+        EXPECT_EQ(0, std::accumulate(s.surface, s.surface + 3 * pitch, 0)) << "depth " << bits;
+        EXPECT_TRUE(s.IsEmpty());
+        for (int y = 0; y < 3; ++y)
+            EXPECT_EQ(s.surface + static_cast<unsigned>(y) * pitch, s.Line(y)) << "row " << y;
+    }
+}
+
+struct SizeCase {
+    unsigned w, h, newW, newH;
+    unsigned allocW, allocH, thenW, thenH;
+    bool keepsContent;
+};
+
+void CheckSizes(const SizeCase& c, bool optimise) {
+    LedgerCheck ledger;
+    ProbeSurface s(8);
+    s.Initialise(c.w, c.h);
+    s.SetPixelRGB(1, 1, 0x00FFFFFF);
+    const std::size_t before = HookLedger::Calls();
+    s.SetNewSize(c.newW, c.newH);
+    if (optimise) s.OptimiseSize();
+    SCOPED_TRACE(testing::Message() << c.w << "x" << c.h << " to " << c.newW << "x" << c.newH);
+    const unsigned pitch = (c.allocW + 15) / 16 * 16;
+    EXPECT_EQ((std::vector<std::int64_t>{c.thenW, c.thenH, c.allocW, c.allocH, pitch, 0, 0,
+                                         c.allocW, c.allocH, 1}),
+              Layout(s));
+    EXPECT_EQ(c.keepsContent, HookLedger::Calls() == before) << "hook calls";
+    EXPECT_EQ(c.keepsContent ? 0x00FFFFFFu : 0u, s.RetPixelRGB(1, 1));
+    EXPECT_EQ(!c.keepsContent, s.IsEmpty());
+}
+
+TEST(SurfaceLife, SetNewSize_reallocates_only_to_grow) {
+    static constexpr SizeCase kCases[] = {
+        {100, 100, 50, 50, 100, 100, 50, 50, true}, {100, 100, 100, 100, 100, 100, 100, 100, true},
+        {64, 64, 100, 40, 112, 48, 100, 40, false}, {64, 64, 15, 65, 16, 80, 15, 65, false},
+        {64, 64, 65, 16, 80, 32, 65, 16, false},    {64, 64, 0, 0, 64, 64, 0, 0, true}};
+    for (const SizeCase& c : kCases)
+        CheckSizes(c, false);
+}
+
+TEST(SurfaceLife, OptimiseSize_reallocates_only_when_both_rounded_sides_shrink) {
+    static constexpr SizeCase kCases[] = {{256, 256, 20, 200, 32, 208, 32, 208, false},
+                                          {112, 48, 50, 40, 112, 48, 50, 40, true},
+                                          {256, 256, 128, 128, 256, 256, 128, 128, true},
+                                          {256, 256, 127, 128, 128, 144, 128, 144, false},
+                                          {256, 256, 200, 0, 208, 16, 208, 16, false},
+                                          {33, 33, 15, 16, 16, 32, 16, 32, false},
+                                          {32, 33, 15, 16, 16, 32, 16, 32, false},
+                                          {32, 33, 16, 16, 32, 33, 16, 16, true}};
+    for (const SizeCase& c : kCases)
+        CheckSizes(c, true);
+}
+
+TEST(SurfaceLife, Refused_sizes_throw_before_anything_changes) {
+    LedgerCheck ledger;
+    FencedMemory memory(64, 2);
+    const auto over = [&](unsigned w, unsigned h, unsigned pitch) {
+        return [=, &memory](ProbeSurface& s) { s.Initialise(w, h, memory.Data(), pitch, false); };
+    };
+    const auto own = [](unsigned w, unsigned h) {
+        return [=](ProbeSurface& s) { s.Initialise(w, h); };
+    };
+    const auto resize = [](unsigned w, unsigned h) {
+        return [=](ProbeSurface& s) { s.SetNewSize(w, h); };
+    };
+    const struct {
+        unsigned bits;
+        std::function<void(ProbeSurface&)> act;
+        const char* what;
+    } kCases[] = {{8, own(0x80000000, 0), "width"},
+                  {8, own(0, 0x80000000), "height"},
+                  {0, own(0xFFFFFFFF, 1), "width of depth 0"},
+                  {32, own(0x40000000, 0), "row of 2^32 bytes"},
+                  {32, own(0x3FFFFFFF, 0), "row of 2^32 - 4 bytes, rounded up"},
+                  {16, own(0x7FFFFFFF, 0), "row of 2^32 - 2 bytes, rounded up"},
+                  {8, over(0x80000000, 1, 0xFFFFFFFF), "host width"},
+                  {8, over(1, 0x80000000, 64), "host height"},
+                  {16, over(10, 2, 19), "16-bit row beyond its pitch"},
+                  {32, over(16, 2, 63), "32-bit row beyond its pitch"},
+                  {32, over(0x40000001, 2, 64), "row whose 32-bit size would fit"},
+                  {1, over(17, 2, 2), "1-bit row beyond its pitch"},
+                  {8, resize(0x7FFFFFF8, 1), "width after rounding"},
+                  {8, resize(1, 0x7FFFFFF0), "height after rounding"},
+                  {8, resize(0xFFFFFFFF, 1), "width whose rounding wraps"},
+                  {32, resize(0x3FFFFFF0, 1), "row after rounding"}};
+    for (const auto& c : kCases) {
+        ProbeSurface s(c.bits);
+        s.Initialise(9, 4);
+        s.SetClipRect(1, 1, 3, 2);
+        const std::vector<std::int64_t> before = Layout(s);
+        const std::size_t calls = HookLedger::Calls();
+        EXPECT_NE("none", FailureOf([&] { c.act(s); })) << c.what;
+        EXPECT_EQ(before, Layout(s)) << c.what;
+        EXPECT_EQ(calls, HookLedger::Calls()) << c.what;
+    }
+}
+
+TEST(SurfaceLife, Host_rows_may_end_exactly_at_the_pitch) {
+    FencedMemory memory(64, 2);
+    static constexpr unsigned kCases[][4] = {// depth, width, height, pitch
+                                             {16, 10, 2, 20}, {32, 16, 2, 64}, {1, 17, 2, 3},
+                                             {8, 64, 2, 64},  {8, 64, 0, 1},   {0, 9, 2, 0}};
+    for (const auto& [bits, w, h, pitch] : kCases) {
+        ProbeSurface s(bits);
+        EXPECT_EQ("none", FailureOf([&, w = w, h = h, pitch = pitch] {
+                      s.Initialise(w, h, memory.Data(), pitch, false);
+                  }))
+            << "depth " << bits << ", width " << w;
+        EXPECT_EQ(pitch, s.Pitch());
+    }
+}
+
+TEST(SurfaceLife, Without_host_memory_a_huge_surface_draws_nothing_and_reads_as_0) {
+    LedgerCheck ledger;
+    ProbeSurface s(32);
+    s.Initialise(0x7FFFFFFF, 0x7FFFFFFF, nullptr, 0, true);
+    EXPECT_EQ(INT_MAX, s.clipX1);
+    EXPECT_EQ(nullptr, s.lines);
+    EXPECT_EQ(nullptr, s.Line(0));
+    s.RectFill(0, 0, 0x7FFFFFFF, 0x7FFFFFFF, 1);
+    EXPECT_FALSE(s.IsEmpty());
+    s.RectFillBlend(-5, -5, 0x7FFFFFFF, 0x7FFFFFFF, 0x80000001);
+    s.RectBlend(0, 0, 0x7FFFFFFF, 0x7FFFFFFF, 0, 0, nullptr, true);
+    s.SetPixelRGB(INT_MAX - 1, INT_MAX - 1, 7);
+    s.DrawLine(0, 0, 20, 10, 7);
+    EXPECT_EQ(0u, s.RetPixelRGB(INT_MAX - 1, INT_MAX - 1));
+    EXPECT_EQ(0u, s.RetPixelMergeRGB(INT_MAX - 1, 5, 0.5, 0.5));
+    s.Clear();
+    EXPECT_TRUE(s.IsEmpty());
+}
+
+TEST(SurfaceLife, SetClipRect_stays_inside_for_every_class_of_argument) {
+    static constexpr int kAt[] = {INT_MIN, INT_MIN + 1, -101, -100, -50,         -1,     0,
+                                  1,       99,          100,  101,  INT_MAX - 1, INT_MAX};
+    static constexpr unsigned kSizes[] = {0,          1,          49,           50,      51,
+                                          99,         100,        101,          150,     0x7FFFFFFF,
+                                          0x80000000, 0x80000001, UINT_MAX - 1, UINT_MAX};
+    for (const unsigned side : {0u, 1u, 100u, 0x7FFFFFFFu}) {
+        ProbeSurface s(8);
+        Model model(8);
+        s.Initialise(side, side, nullptr, 0, false);
+        model.InitialiseOver(side, side, nullptr, 0, false);
+        for (const int at : kAt) {
+            for (const unsigned size : kSizes) {
+                s.SetClipRect(at, 0, size, side);
+                model.SetClipRect({at, 0, size, side});
+                EXPECT_EQ(model.clipX0, s.clipX0) << at << ", " << size << " of " << side;
+                EXPECT_EQ(model.clipX1, s.clipX1) << at << ", " << size << " of " << side;
+                EXPECT_TRUE(s.clipY0 == 0 && s.clipY1 == static_cast<int>(side));
+                s.SetClipRect(0, at, side, size);
+                EXPECT_EQ(model.clipX0, s.clipY0) << "row " << at << ", " << size << " of " << side;
+                EXPECT_EQ(model.clipX1, s.clipY1) << "row " << at << ", " << size << " of " << side;
+            }
+        }
+    }
+}
+
+// Supplies everything itself: rows in blocks of their own, in no order.
+class HandMadeSurface : public ProbeSurface {
+public:
+    using ProbeSurface::ProbeSurface;
+    ~HandMadeSurface() noexcept(false) override { HandMadeSurface::FreeSurfaceAndLines(); }
+    std::string called;
+    std::vector<FencedMemory> rows;
+
+protected:
+    void AllocSurface() override {
+        called += "surface ";
+        for (unsigned y = 0; y < DY(); ++y)
+            rows.emplace_back(Pitch(), 1u, 3u, (y * 5) % 8);
+        surface = rows.front().Data();
+        SetEmpty(true);
+    }
+    void AllocLinesForSurface() override {
+        called += "lines ";
+        for (unsigned y = 0; y < DY(); ++y)
+            table_.push_back(rows[(y * 7 + 3) % rows.size()].Data());
+        words_.resize(DX());
+        lines = table_.data();
+        rgbLine = words_.data();
+    }
+    void AllocDotsBuffer() override {
+        called += "dots ";
+        records_.resize(MAX_LINE_LENGTH);
+        dots = records_.data();
+    }
+    void FreeSurfaceAndLines() override {
+        called += "free ";
+        surface = nullptr;
+        lines = nullptr;
+        rgbLine = nullptr;
+        dots = nullptr;
+    }
+
+private:
+    std::vector<std::uint8_t*> table_;
+    std::vector<std::uint32_t> words_;
+    std::vector<LineDot> records_;
+};
+
+TEST(SurfaceLife, A_derived_class_supplies_its_own_memory) {
+    for (const unsigned bits : {8u, 16u, 32u}) {
+        LedgerCheck ledger;
+        const SurfacePtr plain = MakeSurface(bits, 37, 20);
+        HookLedger::StartTrace();
+        HandMadeSurface s(bits);
+        s.Initialise(37, 20);
+        const auto draw = [](GfxSurface& on) {
+            on.RectFill(0, 0, 37, 20, 0x00123456);
+            on.RectFillBlend(3, 3, 20, 9, 0x60FF8040);
+            on.RectCopy(2, 5, 30, 12, 0, 2, nullptr, false);
+            on.DrawAALine(0, 0, 36, 19, 0x20FFFFFF);
+            on.DrawLine(36, 0, 0, 19, 0x00FF0000);
+        };
+        draw(s);
+        EXPECT_EQ(0u, HookLedger::TakeTrace().size()) << "the hooks were called all the same";
+        EXPECT_EQ("free surface lines dots ", s.called);
+        draw(*plain);
+        for (int i = 0; i < 37 * 20; ++i)
+            ASSERT_EQ(plain->RetPixelRGB(i % 37, i / 37), s.RetPixelRGB(i % 37, i / 37)) << i;
+        for (const FencedMemory& row : s.rows)
+            EXPECT_TRUE(row.IsFenceWhole()) << "depth " << bits;
+    }
+}
+
+TEST(SurfaceLife, Surfaces_over_one_memory_never_leave_it) {
+    FencedMemory memory(128, 40, 0, 3);
+    for (const unsigned bits : {8u, 16u, 32u}) {
+        ProbeSurface a(bits), b(32);
+        const unsigned w = 128 / a.bytesPerPixel;
+        a.Initialise(w, 40, memory.Data(), memory.Pitch(), false);
+        b.Initialise(30, 38, memory.Data() + 5, memory.Pitch(), false);
+        for (int shift = -9; shift <= 9; ++shift) {
+            a.RectCopy(shift, 0, w, 40, 0, shift, &b, shift > 0);
+            b.RectBlend(0, shift, 60, 60, 2, 0, &a, shift < 0);
+            b.RectFillBlend(shift, 1, 30, 40, 0x20FFFFFF, -1, 0, &a);
+        }
+        EXPECT_TRUE(memory.IsFenceWhole()) << "depth " << bits;
+    }
+}
+
+}  // namespace
+}  // namespace test
