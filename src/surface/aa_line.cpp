@@ -1,19 +1,106 @@
-// Anti-aliased lines, solid and dashed: two neighbouring pixels a step share the colour by how far
-// the exact line lies between them.
+// Anti-aliased lines, solid and dashed: two neighbouring pixels a step, near and far, share the
+// colour by how far the exact line lies between them.
 #include <gfx/surface.h>
 
-#include "surface/line_walk.h"
-#include "surface/pixel_format.h"
+#include "surface/line_target.h"
 
-using gfx::DashPhase;
+using gfx::DashPattern;
+using gfx::FixedSteps;
+using gfx::Interval;
+using gfx::LineTarget;
 using gfx::LineWalk;
+using gfx::StepRange;
 
 namespace {
 
-/// A colour's share of a pixel that the line covers by `coverage` of 255, as an alpha byte. The
-/// colour's own weight scales it, so that an invisible colour leaves both pixels alone.
-std::uint32_t ShareAlpha(std::uint32_t coverage, std::uint32_t colorWeight) {
-    return 255 - (coverage * colorWeight >> 8);
+/// The colour of a line without its alpha, and the alpha's weight for the colour, of 256.
+struct LineColor {
+    std::uint32_t rgb;
+    std::uint32_t weight;
+
+    explicit LineColor(std::uint32_t color)
+        : rgb(color & 0x00FFFFFF), weight(256 - gfx::OldWeight(gfx::AlphaOf(color))) {}
+
+    // The alphas of the two pixels at a fraction of 0..255. The weight scales both shares, so that
+    // an invisible colour leaves both pixels alone.
+    std::uint32_t NearAlpha(std::uint32_t fraction) const { return Alpha(255 - fraction); }
+    std::uint32_t FarAlpha(std::uint32_t fraction) const { return Alpha(fraction); }
+
+private:
+    std::uint32_t Alpha(std::uint32_t share) const { return 255 - (share * weight >> 8); }
+};
+
+/// The steps of a line by what of them is visible: some pixel in `touched`, both in `inner`.
+struct VisibleSteps {
+    StepRange touched;
+    StepRange inner;
+};
+
+template <class Steps>
+VisibleSteps VisibleStepsOf(const LineTarget& target, const LineWalk& walk, const Steps& steps) {
+    const Interval minor = target.Minor(walk);
+    const StepRange along = StepsAlong(walk, target.Major(walk));
+    const StepRange touched = StepsInside(walk, steps, along, {minor.lo - 1, minor.hi});
+    return {touched, StepsInside(walk, steps, touched, {minor.lo, minor.hi - 1})};
+}
+
+/// Plots the steps of a range whose pixels are all visible.
+template <class Format, class Steps>
+void PlotInner(const LineTarget& target, const LineWalk& walk, const Steps& steps, StepRange range,
+               const LineColor& color) {
+    std::uint8_t* const* const lines = target.lines;
+    const auto blend = [color](std::uint8_t* nearRow, std::size_t nearX, std::uint8_t* farRow,
+                               std::size_t farX, std::uint32_t fraction) {
+        gfx::BlendInto<Format>(nearRow, nearX, color.rgb, color.NearAlpha(fraction));
+        gfx::BlendInto<Format>(farRow, farX, color.rgb, color.FarAlpha(fraction));
+    };
+    if (walk.isAlongX) {
+        return gfx::WalkSteps(walk, steps, range, [=](int x, int y, const Steps& at) {
+            const auto column = static_cast<std::size_t>(x);
+            blend(lines[y], column, lines[y + 1], column, at.Fraction());
+        });
+    }
+    gfx::WalkSteps(walk, steps, range, [=](int y, int x, const Steps& at) {
+        const auto column = static_cast<std::size_t>(x);
+        blend(lines[y], column, lines[y], column + 1, at.Fraction());
+    });
+}
+
+/// Plots a line; pixels of steps at the clip rectangle's edge go through plotOne(x, y, color).
+/// @return whether any step of the inner stretch is drawn.
+template <class Steps, class PlotOne>
+bool PlotLine(const LineTarget& target, const LineWalk& walk, const Steps& steps,
+              const VisibleSteps& visible, const LineColor& color, const DashPattern& pattern,
+              PlotOne plotOne) {
+    const auto plotEdge = [&](StepRange range) {
+        gfx::WalkSteps(walk, steps, range, [&](int major, int near, const Steps& at) {
+            const auto far = static_cast<int>(static_cast<unsigned>(near) + 1);
+            const std::uint32_t nearColor = color.NearAlpha(at.Fraction()) << 24 | color.rgb;
+            const std::uint32_t farColor = color.FarAlpha(at.Fraction()) << 24 | color.rgb;
+            walk.isAlongX ? plotOne(major, near, nearColor) : plotOne(near, major, nearColor);
+            walk.isAlongX ? plotOne(major, far, farColor) : plotOne(far, major, farColor);
+        });
+    };
+    bool isInnerDrawn = false;
+    pattern.ForEachRun({visible.touched.first, visible.inner.first}, plotEdge);
+    pattern.ForEachRun(visible.inner, [&](StepRange run) {
+        isInnerDrawn = true;
+        gfx::WithFormat(target.storage, [&]<class Format>(Format) {
+            PlotInner<Format>(target, walk, steps, run, color);
+        });
+    });
+    pattern.ForEachRun({visible.inner.last, visible.touched.last}, plotEdge);
+    return isInnerDrawn;
+}
+
+/// Where a falling line meets whole pixels the closed form may name another dot that draws the same
+/// (see line_steps.h). That dot's second, unchanged pixel is another one, and whether it lies
+/// inside the clip rectangle decides the surface's `empty` flag, unless some other dot is inside
+/// for sure.
+bool IsTouchCertain(const LineWalk& walk, const VisibleSteps& visible, bool isSolid) {
+    if (walk.isRising) return true;
+    if (!visible.inner.IsEmpty() && isSolid) return true;
+    return visible.inner.first == 0 && visible.inner.last == walk.steps + 1;
 }
 
 }  // namespace
@@ -27,31 +114,30 @@ void GfxSurface::DrawAALine(int x0, int y0, int x1, int y1, unsigned int color,
     const LineWalk walk = gfx::WalkOf(x0, y0, x1, y1);
     if (walk.steps == 0) return SetPixelRGBBlend(x0, y0, color);
     CheckLength(walk, MAX_LINE_LENGTH);
-    ComputeLineDots(static_cast<std::uint32_t>(walk.minorStart), walk.steps, walk.Rise(), 0.0);
-
-    const std::uint32_t weight = 256 - gfx::OldWeight(gfx::AlphaOf(color));
-    const std::uint32_t rgb = color & 0x00FFFFFF;
-    const auto plot = [&](unsigned i) {
-        const int major = walk.majorStart + static_cast<int>(i);
-        const int near = dots[i].minor;
-        const auto far = static_cast<int>(static_cast<unsigned>(near) + 1);
-        const std::uint32_t nearColor = ShareAlpha(255U - dots[i].fraction, weight) << 24 | rgb;
-        const std::uint32_t farColor = ShareAlpha(dots[i].fraction, weight) << 24 | rgb;
-        if (walk.isAlongX) {
-            SetPixelRGBBlend(major, near, nearColor);
-            SetPixelRGBBlend(major, far, farColor);
-        } else {
-            SetPixelRGBBlend(near, major, nearColor);
-            SetPixelRGBBlend(far, major, farColor);
-        }
-    };
-    if (DashPhase::IsSolid(pattern, count)) {
-        for (unsigned i = 0; i <= walk.steps; ++i)
-            plot(i);
+    if (dots == nullptr) AllocDotsBuffer();
+    const DashPattern dashes{pattern, count};
+    const LineColor lineColor(color);
+    if (walk.IsRectangleRow() && dashes.IsSolid()) {
+        // The far row stays as it is, but counts as drawn on.
+        const std::uint32_t near = lineColor.NearAlpha(0) << 24 | lineColor.rgb;
+        RectFillBlend(walk.majorStart, walk.minorStart, walk.steps + 1, 1, near);
+        RectFillBlend(walk.majorStart, walk.minorStart + 1, walk.steps + 1, 1, 0xFF000000);
         return;
     }
-    DashPhase phase(pattern, count);
-    for (unsigned i = 0; i <= walk.steps; ++i) {
-        if (phase.IsNextDrawn()) plot(i);
+    const LineTarget target{
+        lines, gfx::StorageOf(depth, pixelShift, lines), {clipX0, clipX1}, {clipY0, clipY1}};
+    const auto plotOne = [this](int x, int y, std::uint32_t pixelColor) {
+        SetPixelRGBBlend(x, y, pixelColor);
+    };
+    const auto plot = [&](const auto& steps, const VisibleSteps& visible) {
+        if (PlotLine(target, walk, steps, visible, lineColor, dashes, plotOne)) empty = false;
+    };
+    if (FixedSteps::ServesSmooth(walk)) {
+        const FixedSteps steps = FixedSteps::Smooth(walk);
+        const VisibleSteps visible = VisibleStepsOf(target, walk, steps);
+        if (IsTouchCertain(walk, visible, dashes.IsSolid())) return plot(steps, visible);
     }
+    ComputeLineDots(static_cast<std::uint32_t>(walk.minorStart), walk.steps, walk.Rise(), 0.0);
+    const gfx::BufferedSteps steps(dots);
+    plot(steps, VisibleStepsOf(target, walk, steps));
 }

@@ -3,6 +3,7 @@
 #ifndef GFX_SURFACE_LINE_WALK_H
 #define GFX_SURFACE_LINE_WALK_H
 
+#include <climits>
 #include <cstdint>
 
 #include "surface/limits.h"
@@ -18,6 +19,12 @@ struct LineWalk {
     unsigned steps;   // pixels along the major axis, less one
     unsigned extent;  // how far the minor coordinate moves over all steps, at most `steps`
     bool isRising;
+
+    /// A horizontal line, whose ends leave room for a rectangle's and a neighbour row's edge.
+    bool IsRectangleRow() const {
+        return isAlongX && extent == 0 && minorStart < INT_MAX &&
+               steps < static_cast<unsigned>(INT_MAX) - static_cast<unsigned>(majorStart);
+    }
 
     /// The signed way along the minor axis. Only for lines within the limit: others may not fit.
     int Rise() const { return isRising ? static_cast<int>(extent) : -static_cast<int>(extent); }
@@ -46,36 +53,36 @@ inline void CheckLength(const LineWalk& walk, unsigned limit) {
     if (walk.steps >= limit) throw walk.isAlongX ? kLineLimitX : kLineLimitY;
 }
 
-/// The phase of a dash pattern along a line's dots. An entry of 0 is passed over but turns the
-/// phase all the same, and so does the wrap from the last entry to entry 0.
-class DashPhase {
+/// The runs of a dash pattern along a line's steps. An entry of 0 is a run of no steps, but turns
+/// the phase all the same; after the last entry the pattern goes on at entry 0 without a restart of
+/// the phase.
+class DashRuns {
 public:
-    /// A pattern that draws every dot: null, no entries, or a first run of 0.
+    /// A pattern that draws every step: null, no entries, or a first run of 0.
     static bool IsSolid(const unsigned short* pattern, int count) {
         return pattern == nullptr || count == 0 || pattern[0] == 0;
     }
 
-    DashPhase(const unsigned short* pattern, int count)
-        : pattern_(pattern), count_(count), run_(pattern[0]) {}
+    DashRuns(const unsigned short* pattern, int count) : pattern_(pattern), count_(count) {}
 
-    /// Whether the next dot is drawn. Entry 0 is not 0, so the loop ends.
-    bool IsNextDrawn() {
-        while (run_ == 0) {
-            if (next_ >= count_) next_ = 0;
-            run_ = pattern_[next_];
-            ++next_;
-            isOn_ = !isOn_;
+    /// Calls draw(first, last) for each stretch of drawn steps inside [first, last).
+    template <class Draw>
+    void ForEach(unsigned first, unsigned last, Draw draw) {
+        unsigned begin = 0;
+        bool isDrawn = true;
+        for (int entry = 0; begin < last; isDrawn = !isDrawn) {
+            const unsigned end = begin + pattern_[entry];
+            const unsigned from = begin > first ? begin : first;
+            const unsigned to = end < last ? end : last;
+            if (isDrawn && from < to) draw(from, to);
+            begin = end;
+            entry = entry + 1 < count_ ? entry + 1 : 0;
         }
-        --run_;
-        return isOn_;
     }
 
 private:
     const unsigned short* pattern_;
     int count_;
-    int next_ = 1;
-    unsigned short run_;
-    bool isOn_ = true;
 };
 
 }  // namespace gfx

@@ -6,11 +6,7 @@
 
 namespace {
 
-using gfx::Color32;
-using gfx::Grey8;
 using gfx::LoadPixel;
-using gfx::Rgb565;
-using gfx::Storage;
 using gfx::StorePixel;
 
 /// The four channels of a colour word, alpha first.
@@ -47,56 +43,27 @@ std::uint32_t Pack(const Channels& color) {
 void GfxSurface::SetPixelRGB(int x, int y, unsigned int color) {
     if (x < clipX0 || x >= clipX1 || y < clipY0 || y >= clipY1) return;
     empty = false;
-    const auto column = static_cast<std::size_t>(x);
-    switch (gfx::StorageOf(depth, pixelShift, lines)) {
-        case Storage::None:
-            return;
-        case Storage::Grey8:
-            return StorePixel<Grey8>(lines[y], column, Grey8::FromRgb(color));
-        case Storage::Rgb565:
-            return StorePixel<Rgb565>(lines[y], column, Rgb565::FromRgb(color));
-        case Storage::Color32:
-            return StorePixel<Color32>(lines[y], column, color);
-    }
+    gfx::WithFormat(gfx::StorageOf(depth, pixelShift, lines), [&]<class Format>(Format) {
+        StorePixel<Format>(lines[y], static_cast<std::size_t>(x), Format::FromRgb(color));
+    });
 }
 
 void GfxSurface::SetPixelRGBBlend(int x, int y, unsigned int color) {
-    const std::uint32_t a = gfx::AlphaOf(color);
-    if (a == 0) return SetPixelRGB(x, y, color);  // stores the word whole on 32-bit surfaces
     if (x < clipX0 || x >= clipX1 || y < clipY0 || y >= clipY1) return;
     empty = false;
-    if (a == 255) return;
-    const auto column = static_cast<std::size_t>(x);
-    const auto blend = [=, this]<class Format>(Format) {
-        const std::uint32_t old = LoadPixel<Format>(lines[y], column);
-        StorePixel<Format>(lines[y], column, Format::Blend(old, color));
-    };
-    switch (gfx::StorageOf(depth, pixelShift, lines)) {
-        case Storage::None:
-            return;
-        case Storage::Grey8:
-            return blend(Grey8{});
-        case Storage::Rgb565:
-            return blend(Rgb565{});
-        case Storage::Color32:
-            return blend(Color32{});
-    }
+    gfx::WithFormat(gfx::StorageOf(depth, pixelShift, lines), [&]<class Format>(Format) {
+        gfx::BlendInto<Format>(lines[y], static_cast<std::size_t>(x), color & 0x00FFFFFF,
+                               gfx::AlphaOf(color));
+    });
 }
 
 unsigned int GfxSurface::RetPixelRGB(int x, int y) const {
-    if (x < clipX0 || x >= clipX1 || y < clipY0 || y >= clipY1) return 0;
-    const auto column = static_cast<std::size_t>(x);
-    switch (gfx::StorageOf(depth, pixelShift, lines)) {
-        case Storage::None:
-            break;
-        case Storage::Grey8:
-            return Grey8::ToRgb(LoadPixel<Grey8>(lines[y], column), alpha);
-        case Storage::Rgb565:
-            return Rgb565::ToRgb(LoadPixel<Rgb565>(lines[y], column), alpha);
-        case Storage::Color32:
-            return LoadPixel<Color32>(lines[y], column);
-    }
-    return 0;
+    std::uint32_t color = 0;
+    if (x < clipX0 || x >= clipX1 || y < clipY0 || y >= clipY1) return color;
+    gfx::WithFormat(gfx::StorageOf(depth, pixelShift, lines), [&]<class Format>(Format) {
+        color = Format::ToRgb(LoadPixel<Format>(lines[y], static_cast<std::size_t>(x)), alpha);
+    });
+    return color;
 }
 
 unsigned int GfxSurface::RetPixelMergeRGB(int x, int y, double fx, double fy) const {

@@ -36,8 +36,15 @@ inline std::uint32_t AlphaOf(std::uint32_t color) { return color >> 24; }
 /// colour alone and 256 the old pixel alone, so the blend formula needs no branch for either.
 inline std::uint32_t OldWeight(std::uint32_t a) { return a + (a > 127 ? 1U : 0U); }
 
-inline std::uint32_t MixChannel(std::uint32_t old, std::uint32_t color, std::uint32_t oldWeight) {
-    return (old * oldWeight + color * (256 - oldWeight)) >> 8;
+/// Mixes the channels of a colour word; the old word keeps its alpha byte. Red and blue are mixed
+/// in one product: (old - color) * weight + 256 * color is exact modulo 2^32, because the true
+/// value old * weight + color * (256 - weight) fits, and no carry crosses from blue to red.
+inline std::uint32_t MixWords(std::uint32_t old, std::uint32_t color, std::uint32_t oldWeight) {
+    const std::uint32_t redBlue = color & 0x00FF00FF;
+    const std::uint32_t green = color & 0x0000FF00;
+    const std::uint32_t mixedRedBlue = ((old & 0x00FF00FF) - redBlue) * oldWeight + (redBlue << 8);
+    const std::uint32_t mixedGreen = ((old & 0x0000FF00) - green) * oldWeight + (green << 8);
+    return (old & 0xFF000000) | (mixedRedBlue >> 8 & 0x00FF00FF) | (mixedGreen >> 8 & 0x0000FF00);
 }
 
 /// Weights that sum to 1024, so white gives 255.
@@ -53,17 +60,16 @@ inline std::uint32_t RgbToPixel16(std::uint32_t color) {
     return (color >> 8 & 0xF800) | (color >> 5 & 0x07E0) | (color >> 3 & 0x001F);
 }
 
-/// A 5- or 6-bit channel to 8 bits by bit replication.
-inline std::uint32_t Expand5(std::uint32_t v) { return v << 3 | v >> 2; }
-inline std::uint32_t Expand6(std::uint32_t v) { return v << 2 | v >> 4; }
-
+/// Channels widened to 8 bits by bit replication. Red and blue first stand at the top of their
+/// bytes, then their upper three bits are repeated below them; green likewise with two.
 inline std::uint32_t Pixel16ToRgb(std::uint32_t pixel, std::uint32_t alpha) {
-    return alpha << 24 | Expand5(pixel >> 11) << 16 | Expand6(pixel >> 5 & 0x3F) << 8 |
-           Expand5(pixel & 0x1F);
+    const std::uint32_t redBlue = (pixel << 8 & 0x00F80000) | (pixel << 3 & 0x000000F8);
+    const std::uint32_t green = pixel << 5 & 0x0000FC00;
+    return alpha << 24 | redBlue | (redBlue >> 5 & 0x00070007) | green | (green >> 6 & 0x00000300);
 }
 
-// One type a format: the stored unit, and the rules. Pixels are moved with memcpy because host
-// memory may have any alignment.
+// One type a format: the stored unit, the write, read and mix rules. Pixels are moved with memcpy
+// because host memory may have any alignment.
 
 struct Grey8 {
     using Unit = std::uint8_t;
@@ -71,8 +77,8 @@ struct Grey8 {
     static std::uint32_t ToRgb(std::uint32_t pixel, std::uint32_t alpha) {
         return alpha << 24 | pixel * 0x010101U;
     }
-    static std::uint32_t Blend(std::uint32_t old, std::uint32_t color) {
-        return MixChannel(old, RgbToGrey(color), OldWeight(AlphaOf(color)));
+    static std::uint32_t Mix(std::uint32_t old, std::uint32_t color, std::uint32_t oldWeight) {
+        return (old * oldWeight + RgbToGrey(color) * (256 - oldWeight)) >> 8;
     }
 };
 
@@ -82,12 +88,8 @@ struct Rgb565 {
     static std::uint32_t ToRgb(std::uint32_t pixel, std::uint32_t alpha) {
         return Pixel16ToRgb(pixel, alpha);
     }
-    static std::uint32_t Blend(std::uint32_t old, std::uint32_t color) {
-        const std::uint32_t weight = OldWeight(AlphaOf(color));
-        const std::uint32_t wide = Pixel16ToRgb(old, 0);
-        return RgbToPixel16(MixChannel(wide >> 16, color >> 16 & 0xFF, weight) << 16 |
-                            MixChannel(wide >> 8 & 0xFF, color >> 8 & 0xFF, weight) << 8 |
-                            MixChannel(wide & 0xFF, color & 0xFF, weight));
+    static std::uint32_t Mix(std::uint32_t old, std::uint32_t color, std::uint32_t oldWeight) {
+        return RgbToPixel16(MixWords(Pixel16ToRgb(old, 0), color, oldWeight));
     }
 };
 
@@ -95,12 +97,8 @@ struct Color32 {
     using Unit = std::uint32_t;
     static std::uint32_t FromRgb(std::uint32_t color) { return color; }
     static std::uint32_t ToRgb(std::uint32_t pixel, std::uint32_t) { return pixel; }
-    static std::uint32_t Blend(std::uint32_t old, std::uint32_t color) {
-        const std::uint32_t weight = OldWeight(AlphaOf(color));
-        return (old & 0xFF000000U) |
-               MixChannel(old >> 16 & 0xFF, color >> 16 & 0xFF, weight) << 16 |
-               MixChannel(old >> 8 & 0xFF, color >> 8 & 0xFF, weight) << 8 |
-               MixChannel(old & 0xFF, color & 0xFF, weight);
+    static std::uint32_t Mix(std::uint32_t old, std::uint32_t color, std::uint32_t oldWeight) {
+        return MixWords(old, color, oldWeight);
     }
 };
 
@@ -115,6 +113,37 @@ template <class Format>
 inline void StorePixel(std::uint8_t* row, std::size_t x, std::uint32_t pixel) {
     const auto unit = static_cast<typename Format::Unit>(pixel);
     std::memcpy(row + x * sizeof unit, &unit, sizeof unit);
+}
+
+/// The blend rule: a colour word mixed into a stored pixel by its alpha.
+template <class Format>
+inline std::uint32_t Blend(std::uint32_t old, std::uint32_t color) {
+    return Format::Mix(old, color, OldWeight(AlphaOf(color)));
+}
+
+/// The blended write of a single pixel: alpha 0 stores the word 0x00RRGGBB whole, 255 nothing.
+template <class Format>
+inline void BlendInto(std::uint8_t* row, std::size_t x, std::uint32_t rgb, std::uint32_t alpha) {
+    if (alpha == 255) return;
+    const std::uint32_t pixel = alpha == 0
+                                    ? Format::FromRgb(rgb)
+                                    : Format::Mix(LoadPixel<Format>(row, x), rgb, OldWeight(alpha));
+    StorePixel<Format>(row, x, pixel);
+}
+
+/// Calls visit with the type of a format; not at all where nothing is stored.
+template <class Visit>
+inline void WithFormat(Storage storage, Visit visit) {
+    switch (storage) {
+        case Storage::None:
+            return;
+        case Storage::Grey8:
+            return visit(Grey8{});
+        case Storage::Rgb565:
+            return visit(Rgb565{});
+        case Storage::Color32:
+            return visit(Color32{});
+    }
 }
 
 /// The transparency that a colour's alpha a leaves under a mask value m:

@@ -61,11 +61,11 @@ struct PlainRules {
 PlainRules RulesOf(Storage storage) {
     switch (storage) {
         case Storage::Grey8:
-            return {Grey8::FromRgb, Grey8::ToRgb, Grey8::Blend};
+            return {Grey8::FromRgb, Grey8::ToRgb, gfx::Blend<Grey8>};
         case Storage::Rgb565:
-            return {Rgb565::FromRgb, Rgb565::ToRgb, Rgb565::Blend};
+            return {Rgb565::FromRgb, Rgb565::ToRgb, gfx::Blend<Rgb565>};
         default:
-            return {Color32::FromRgb, Color32::ToRgb, Color32::Blend};
+            return {Color32::FromRgb, Color32::ToRgb, gfx::Blend<Color32>};
     }
 }
 
@@ -263,7 +263,7 @@ void BlendAllPixels(unsigned pixels, const std::vector<Word>& colors) {
                 table->formats[sizeof(typename Format::Unit)].blendColor({&line, 0}, pixels, 1,
                                                                          color);
                 for (unsigned p = 0; p < pixels; ++p) {
-                    ASSERT_EQ(Format::Blend(p, color), gfx::LoadPixel<Format>(line, p))
+                    ASSERT_EQ(gfx::Blend<Format>(p, color), gfx::LoadPixel<Format>(line, p))
                         << table->name << " pixel " << std::hex << p << " color " << color;
                 }
             }
@@ -295,7 +295,7 @@ TEST(RowKernels, Every_mask_value_takes_every_alpha_of_a_colour) {
             (*table)[Storage::Color32].blendMask8({&line, 0}, {&mask, 0}, 256, 1, color);
             for (Word m = 0; m < 256; ++m) {
                 const Word masked = gfx::MaskedAlpha(alpha, m) << 24 | 0x00A1FF07;
-                ASSERT_EQ(Color32::Blend(0x55123456, masked), row[m])
+                ASSERT_EQ(gfx::Blend<Color32>(0x55123456, masked), row[m])
                     << table->name << " alpha " << alpha << " mask " << m;
             }
         }

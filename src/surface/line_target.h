@@ -1,0 +1,55 @@
+// What a line is drawn on: rows, format and clip rectangle, as values. Finds the visible stretch of
+// a line and walks it; what is plotted at each step is the drawers' own.
+#ifndef GFX_SURFACE_LINE_TARGET_H
+#define GFX_SURFACE_LINE_TARGET_H
+
+#include <cstdint>
+
+#include "surface/line_steps.h"
+#include "surface/line_walk.h"
+#include "surface/pixel_format.h"
+
+namespace gfx {
+
+struct LineTarget {
+    std::uint8_t* const* lines;
+    Storage storage;
+    Interval columns, rows;  // the clip rectangle
+
+    const Interval& Major(const LineWalk& walk) const { return walk.isAlongX ? columns : rows; }
+    const Interval& Minor(const LineWalk& walk) const { return walk.isAlongX ? rows : columns; }
+};
+
+/// A dash pattern, or a solid line.
+struct DashPattern {
+    const unsigned short* runs;
+    int count;
+
+    bool IsSolid() const { return DashRuns::IsSolid(runs, count); }
+
+    /// Calls draw(range) for each drawn stretch of a range.
+    template <class Draw>
+    void ForEachRun(StepRange range, Draw draw) const {
+        if (range.IsEmpty()) return;
+        if (IsSolid()) return draw(range);
+        DashRuns(runs, count).ForEach(range.first, range.last, [&](unsigned first, unsigned last) {
+            draw(StepRange{first, last});
+        });
+    }
+};
+
+/// Calls dot(major, minor, steps) for each step of a range.
+template <class Steps, class Dot>
+inline void WalkSteps(const LineWalk& walk, Steps steps, StepRange range, Dot dot) {
+    steps.MoveTo(range.first);
+    int major = walk.majorStart + static_cast<int>(range.first);
+    for (unsigned left = range.last - range.first; left > 0; --left) {
+        dot(major, steps.Minor(), steps);
+        steps.Advance();
+        ++major;
+    }
+}
+
+}  // namespace gfx
+
+#endif  // GFX_SURFACE_LINE_TARGET_H
