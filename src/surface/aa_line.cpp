@@ -3,6 +3,7 @@
 #include <gfx/surface.h>
 
 #include "surface/line_target.h"
+#include "surface/pixel_pair.h"
 
 using gfx::DashPattern;
 using gfx::FixedSteps;
@@ -48,21 +49,21 @@ VisibleSteps VisibleStepsOf(const LineTarget& target, const LineWalk& walk, cons
 template <class Format, class Steps>
 void PlotInner(const LineTarget& target, const LineWalk& walk, const Steps& steps, StepRange range,
                const LineColor& color) {
+    constexpr std::size_t kSize = sizeof(typename Format::Unit);
     std::uint8_t* const* const lines = target.lines;
-    const auto blend = [color](std::uint8_t* nearRow, std::size_t nearX, std::uint8_t* farRow,
-                               std::size_t farX, std::uint32_t fraction) {
-        gfx::BlendInto<Format>(nearRow, nearX, color.rgb, color.NearAlpha(fraction));
-        gfx::BlendInto<Format>(farRow, farX, color.rgb, color.FarAlpha(fraction));
+    const gfx::PixelPair<Format> pair(color.rgb);
+    const auto blend = [=](std::uint8_t* near, std::uint8_t* far, std::uint32_t fraction) {
+        pair.Blend(near, color.NearAlpha(fraction), far, color.FarAlpha(fraction));
     };
     if (walk.isAlongX) {
         return gfx::WalkSteps(walk, steps, range, [=](int x, int y, const Steps& at) {
-            const auto column = static_cast<std::size_t>(x);
-            blend(lines[y], column, lines[y + 1], column, at.Fraction());
+            const std::size_t offset = static_cast<std::size_t>(x) * kSize;
+            blend(lines[y] + offset, lines[y + 1] + offset, at.Fraction());
         });
     }
     gfx::WalkSteps(walk, steps, range, [=](int y, int x, const Steps& at) {
-        const auto column = static_cast<std::size_t>(x);
-        blend(lines[y], column, lines[y], column + 1, at.Fraction());
+        std::uint8_t* const near = lines[y] + static_cast<std::size_t>(x) * kSize;
+        blend(near, near + kSize, at.Fraction());
     });
 }
 
@@ -117,12 +118,15 @@ void GfxSurface::DrawAALine(int x0, int y0, int x1, int y1, unsigned int color,
     if (dots == nullptr) AllocDotsBuffer();
     const DashPattern dashes{pattern, count};
     const LineColor lineColor(color);
-    if (walk.IsRectangleRow() && dashes.IsSolid()) {
-        // The far row stays as it is, but counts as drawn on.
-        const std::uint32_t near = lineColor.NearAlpha(0) << 24 | lineColor.rgb;
-        RectFillBlend(walk.majorStart, walk.minorStart, walk.steps + 1, 1, near);
-        RectFillBlend(walk.majorStart, walk.minorStart + 1, walk.steps + 1, 1, 0xFF000000);
-        return;
+    if (walk.IsStraight() && dashes.IsSolid()) {
+        // All of the share is the near pixel's. The far ones stay as they are, but count as drawn
+        // on.
+        constexpr std::uint32_t kInvisible = 0xFF000000;
+        const int far = walk.minorStart + 1;
+        const unsigned length = walk.steps + 1;
+        DrawLine(x0, y0, x1, y1, lineColor.NearAlpha(0) << 24 | lineColor.rgb);
+        return walk.isAlongX ? RectFillBlend(walk.majorStart, far, length, 1, kInvisible)
+                             : RectFillBlend(far, walk.majorStart, 1, length, kInvisible);
     }
     const LineTarget target{
         lines, gfx::StorageOf(depth, pixelShift, lines), {clipX0, clipX1}, {clipY0, clipY1}};

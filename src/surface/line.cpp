@@ -71,7 +71,7 @@ void GfxSurface::DrawLine(int x0, int y0, int x1, int y1, unsigned int color,
     CheckLength(walk, MAX_LINE_LENGTH);
     if (dots == nullptr) AllocDotsBuffer();
     const DashPattern dashes{pattern, count};
-    if (walk.IsRectangleRow() && dashes.IsSolid()) {
+    if (walk.isAlongX && walk.IsStraight() && dashes.IsSolid()) {
         return RectFillBlend(walk.majorStart, walk.minorStart, walk.steps + 1, 1, color);
     }
     const LineTarget target{

@@ -20,9 +20,10 @@ struct LineWalk {
     unsigned extent;  // how far the minor coordinate moves over all steps, at most `steps`
     bool isRising;
 
-    /// A horizontal line, whose ends leave room for a rectangle's and a neighbour row's edge.
-    bool IsRectangleRow() const {
-        return isAlongX && extent == 0 && minorStart < INT_MAX &&
+    /// Parallel to an axis, and far enough from the end of the coordinates for a rectangle around
+    /// it and its neighbour.
+    bool IsStraight() const {
+        return extent == 0 && minorStart < INT_MAX - 1 &&
                steps < static_cast<unsigned>(INT_MAX) - static_cast<unsigned>(majorStart);
     }
 

@@ -6,7 +6,6 @@
 #include "surface/row_pointer.h"
 #include "surface/rows/row_dispatch.h"
 
-using gfx::ClipBounds;
 using gfx::ClippedRect;
 using gfx::PixelRows;
 using gfx::Storage;
@@ -45,6 +44,7 @@ void GfxSurface::RectFill(int x, int y, unsigned int w, unsigned int h, unsigned
     if (!ClipRectToBounds(rect, {clipX0, clipY0, clipX1, clipY1})) return;
     empty = false;
     const Storage storage = gfx::StorageOf(depth, pixelShift, lines);
+    if (storage == Storage::None) return;
     gfx::Kernels()[storage].fill({lines + rect.y, static_cast<std::size_t>(rect.x)}, rect.w, rect.h,
                                  color);
 }
@@ -56,8 +56,8 @@ void GfxSurface::RectFillBlend(int x, int y, unsigned int w, unsigned int h, uns
     ClippedRect rect{x, y, w, h};
     if (!ClipRectToBounds(rect, {clipX0, clipY0, clipX1, clipY1})) return;
     empty = false;
-    if (a == 255) return;
     const Storage storage = gfx::StorageOf(depth, pixelShift, lines);
+    if (a == 255 || storage == Storage::None) return;
     gfx::Kernels()[storage].blendColor({lines + rect.y, static_cast<std::size_t>(rect.x)}, rect.w,
                                        rect.h, color);
 }

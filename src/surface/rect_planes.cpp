@@ -6,7 +6,6 @@
 #include "surface/row_pointer.h"
 
 using gfx::ClippedRect;
-using gfx::Storage;
 
 namespace {
 

@@ -28,7 +28,7 @@ struct Noisy {
     }
     GfxSurface::MemoryPtr Row() { return RowAt(memory.Data()); }
     Word WordAt(std::size_t i) const {
-        return before[4 * i] | before[4 * i + 1] << 8 | before[4 * i + 2] << 16 |
+        return Word{before[4 * i]} | Word{before[4 * i + 1]} << 8 | Word{before[4 * i + 2]} << 16 |
                Word{before[4 * i + 3]} << 24;
     }
     FencedMemory memory;

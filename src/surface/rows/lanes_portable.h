@@ -80,6 +80,13 @@ struct PortableLanes : BasicLanes<PortableRegister> {
         return (difference[0] | difference[1]) == 0;
     }
 
+    /// The eight lowest bytes as halves, and halves up to 255 as the eight lowest bytes.
+    static U16 WidenLowBytes(U8 v) { return WidenBytes(AsRaw(v)); }
+    static U8 NarrowHalves(U16 v) {
+        return __builtin_shufflevector(AsBytes(v), AsBytes(v), 0, 2, 4, 6, 8, 10, 12, 14, 0, 2, 4,
+                                       6, 8, 10, 12, 14);
+    }
+
 private:
     static U32 EvenHalves(U16 v) { return AsWords(v) & 0xFFFFU; }
     static U16 WidenBytes(Raw v) {
@@ -88,10 +95,6 @@ private:
     }
     static U32 WidenHalves(U16 v) {
         return AsWords(__builtin_shufflevector(v, U16{}, 0, 8, 1, 8, 2, 8, 3, 8));
-    }
-    static U8 NarrowHalves(U16 v) {
-        return __builtin_shufflevector(AsBytes(v), AsBytes(v), 0, 2, 4, 6, 8, 10, 12, 14, 0, 2, 4,
-                                       6, 8, 10, 12, 14);
     }
 };
 

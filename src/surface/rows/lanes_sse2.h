@@ -92,6 +92,10 @@ struct Lanes128 : BasicLanes<Register128> {
         return _mm_movemask_epi8(_mm_cmpeq_epi8(AsRaw(a), AsRaw(b))) == 0xFFFF;
     }
 
+    /// The eight lowest bytes as halves, and halves up to 255 as the eight lowest bytes.
+    static U16 WidenLowBytes(U8 v) { return AsHalves(WidenBytes(AsRaw(v))); }
+    static U8 NarrowHalves(U16 v) { return AsBytes(_mm_packus_epi16(AsRaw(v), AsRaw(v))); }
+
 private:
     static __m128i WidenBytes(__m128i v) { return _mm_unpacklo_epi8(v, _mm_setzero_si128()); }
     static __m128i WidenHalves(__m128i v) { return _mm_unpacklo_epi16(v, _mm_setzero_si128()); }

@@ -1,18 +1,10 @@
 // The row kernels for any processor of the target architecture.
-#if defined(__x86_64__)
-#include "surface/rows/lanes_sse2.h"
-#else
-#include "surface/rows/lanes_portable.h"
-#endif
+#include "surface/rows/lanes_baseline.h"
 
 namespace gfx {
 namespace {
-#if defined(__x86_64__)
-using Wide = Lanes128;
-#else
-using Wide = PortableLanes;
-#endif
-using Narrow = Wide;
+using Wide = BaselineLanes;
+using Narrow = BaselineLanes;
 }  // namespace
 }  // namespace gfx
 

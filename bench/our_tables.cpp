@@ -1,0 +1,17 @@
+// Our tables for older processors, side by side with the shared library. This module holds the
+// library's objects a second time, under local symbols, and stores the table it measures.
+#include <iterator>
+
+#include "library.h"
+#include "surface/rows/row_dispatch.h"
+
+void AddOurTables(bench::Scene* scene, std::vector<bench::Library>* libraries) {
+    const char* const names[] = {"gfx-base", "gfx-avx2"};
+    const gfx::RowKernels* tables[gfx::kMaxTables];
+    const unsigned count = gfx::RunnableTables(tables);
+    for (unsigned i = 0; i < count && i < std::size(names); ++i) {
+        bench::Library library = bench::MakeOurs(*scene, names[i]);
+        library.select = [table = tables[i]] { gfx::activeKernels.store(table); };
+        libraries->push_back(library);
+    }
+}

@@ -1,0 +1,86 @@
+// The list of measured work as data: what is drawn, how large, in which formats. It decides what
+// a row means and what it is called; how a library draws it stands in that library's file.
+#ifndef GFX_BENCH_ROWS_H
+#define GFX_BENCH_ROWS_H
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace bench {
+
+enum class Format { k32, k565, k8 };
+
+enum class Operation {
+    kFill,
+    kBlend,
+    kMask,
+    kCopy,
+    kConvert,
+    kOver,
+    kTile,
+    kKey,
+    kLine,
+    kText,
+    kTextCold,
+    kPixelSet,
+    kPixelBlend,
+    kPixelGet,
+    kDisplay
+};
+
+/// What a source or mask shows, as far as speed may depend on it.
+enum class Pattern {
+    kRandom,     ///< every pixel independent, alpha or coverage uniform
+    kGlyph,      ///< coverage in runs: 70 % none, 15 % full, 15 % edges
+    kSprite,     ///< discs with soft rims: mostly all visible or all invisible
+    kKeyed,      ///< the discs of kSprite with hard rims, around them the key colour
+    kBackground  ///< what a target holds before a pass
+};
+
+enum class Slope { kAny, kHorizontal, kVertical };
+
+struct Row {
+    std::string name;
+    std::string group;
+    Operation operation = Operation::kFill;
+    Format target = Format::k32;
+    Format source = Format::k32;
+    Pattern pattern = Pattern::kRandom;
+    int width = 0;          ///< of one rectangle
+    int height = 0;         ///< of one rectangle
+    int surfaceWidth = 0;   ///< of the target
+    int surfaceHeight = 0;  ///< of the target
+    double opacity = 1.0;   ///< global opacity of `over`
+    int lineLength = 0;     ///< of each line
+    Slope slope = Slope::kAny;
+    bool antialias = false;  ///< lines
+    bool half = false;       ///< lines at 50 % instead of opaque
+    bool dash = false;       ///< lines 6 on, 4 off
+    int fontSize = 0;        ///< text, pixels to the em
+    double items = 0;        ///< what one pass draws, in the row's unit
+    std::string unit;        ///< "ps/px", "ns/rect", ...
+
+    /// Whether one pass draws many small rectangles instead of one large one.
+    bool Scattered() const { return width <= 16; }
+};
+
+/// Every row, in the order of the report.
+std::vector<Row> AllRows();
+
+int BytesPerPixel(Format format);
+std::string FormatName(Format format);
+
+inline constexpr int kSpots = 1024;      ///< rectangles a pass in scattered rows
+inline constexpr int kSegments = 1000;   ///< lines a pass
+inline constexpr int kPoints = 4096;     ///< single pixels a pass
+inline constexpr int kTextGlyphs = 80;   ///< glyphs a pass from a warm cache
+inline constexpr int kColdGlyphs = 224;  ///< glyphs a pass from a face just opened
+inline constexpr int kSheet = 256;       ///< side of the source that small rectangles come from
+inline constexpr int kTile = 64;         ///< side of the tiled source
+inline constexpr int kDashOn = 6;        ///< pixels drawn
+inline constexpr int kDashOff = 4;       ///< pixels skipped
+
+}  // namespace bench
+
+#endif  // GFX_BENCH_ROWS_H
