@@ -18,7 +18,7 @@ using PairLanes = BaselineLanes::U16;
 
 /// The weights of an old pixel under each alpha, for lanes blue, green, red, alpha. The alpha byte
 /// stays, but under alpha 0, where the single-pixel write stores the whole colour word.
-constexpr std::array<std::uint64_t, 256> kLaneWeights = [] {
+inline constexpr std::array<std::uint64_t, 256> kLaneWeights = [] {
     std::array<std::uint64_t, 256> weights{};
     for (std::uint64_t a = 0; a < 256; ++a) {
         const std::uint64_t channel = a + (a > 127 ? 1 : 0);

@@ -144,7 +144,7 @@ TEST(LineSteps, Leave_to_the_recurrence_only_lines_with_inexact_ties) {
 TEST(LineSteps, Find_the_stretch_whose_minor_coordinate_lies_inside) {
     std::mt19937 random(77);
     for (int round = 0; round < 20000; ++round) {
-        const unsigned n = 1 + random() % 200;
+        const unsigned n = 1 + static_cast<unsigned>(random() % 200);
         const int d = static_cast<int>(random() % (2 * n + 1)) - static_cast<int>(n);
         const LineWalk walk = Walk(n, d);
         FixedSteps steps = FixedSteps::Plain(walk);
