@@ -26,7 +26,7 @@ constexpr unsigned kScreenWidth = 1920, kScreenHeight = 1080;
 std::uint32_t* Memory() {
     static std::vector<std::uint32_t> words;
     if (words.empty()) {
-        words.resize(2 * kStride * kMaxSide);
+        words.resize(2 * kStride * kMaxSide + 1024);
         std::uint32_t state = 1;
         for (std::uint32_t& word : words)
             word = state = state * 1664525 + 1013904223;
@@ -34,7 +34,8 @@ std::uint32_t* Memory() {
     return words.data();
 }
 
-std::uint32_t* SourceMemory() { return Memory() + kStride * kMaxSide; }
+/// Half a page off: source and target at equal offsets in a page slow copies down.
+std::uint32_t* SourceMemory() { return Memory() + kStride * kMaxSide + 528; }
 
 Surface Over(std::uint32_t* memory, unsigned width, unsigned height) {
     Surface surface(GfxSurface::New(32), [](GfxSurface* owned) { GfxSurface::Delete(owned); });

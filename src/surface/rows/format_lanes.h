@@ -53,6 +53,16 @@ struct Grey8Lanes {
     static Block Mix(Block old, Colors colors, Alphas alphas) {
         return MixHalves(old, colors, OldWeights(alphas)) >> 8;
     }
+    static Block PutOpaque(Block, const Words& words) { return FromWords(words); }
+
+    /// Pixels become colour words in blocks of kExpanded.
+    static constexpr unsigned kExpanded = L::kWords;
+    template <class Count>
+    static void Expand(std::uint8_t* words, const std::uint8_t* pixels, std::uint32_t alpha,
+                       Count count) {
+        const typename L::U32 grey = L::LoadBytesAsWords(pixels, count);
+        L::StoreWords(words, grey | grey << 8 | grey << 16 | alpha << 24, count);
+    }
 };
 
 template <class L>
@@ -98,16 +108,30 @@ struct Rgb565Lanes {
         return {words.High() & 0xFF, low >> 8, low & 0xFF};
     }
 
-    /// A channel at the top of its half, times 264 = 2^8 + 2^3 (6 bits: 8320 = 2^13 + 2^7, from its
-    /// own place), shifted down by 16, is the bit replication to 8 bits.
+    /// The channels of pixels, widened to 8 bits. A channel at the top of its half, times 264 = 2^8
+    /// + 2^3 (6 bits: 8320 = 2^13 + 2^7, from its own place), shifted down by 16, is the bit
+    /// replication.
+    static Colors ChannelsOf(Block pixels) {
+        return {L::MulHigh(pixels & 0xF800, L::SplatHalf(264)),
+                L::MulHigh(pixels & 0x07E0, L::SplatHalf(8320)),
+                L::MulHigh(pixels << 11, L::SplatHalf(264))};
+    }
     static Block Mix(Block old, const Colors& colors, Alphas alphas) {
         const Block weights = OldWeights(alphas);
-        const Block red = L::MulHigh(old & 0xF800, L::SplatHalf(264));
-        const Block green = L::MulHigh(old & 0x07E0, L::SplatHalf(8320));
-        const Block blue = L::MulHigh(old << 11, L::SplatHalf(264));
-        return (MixHalves(red, colors.red, weights) & 0xF800) |
-               ((MixHalves(green, colors.green, weights) >> 5) & 0x07E0) |
-               (MixHalves(blue, colors.blue, weights) >> 11);
+        const Colors wide = ChannelsOf(old);
+        return (MixHalves(wide.red, colors.red, weights) & 0xF800) |
+               ((MixHalves(wide.green, colors.green, weights) >> 5) & 0x07E0) |
+               (MixHalves(wide.blue, colors.blue, weights) >> 11);
+    }
+    static Block PutOpaque(Block, const Words& words) { return FromWords(words); }
+
+    static constexpr unsigned kExpanded = L::kHalves;
+    template <class Count>
+    static void Expand(std::uint8_t* words, const std::uint8_t* pixels, std::uint32_t alpha,
+                       Count count) {
+        const Colors wide = ChannelsOf(Load(pixels, count));
+        const Block alphaRed = wide.red | L::SplatHalf(alpha << 8);
+        Words::Interleave(wide.blue | wide.green << 8, alphaRed).Store(words, count);
     }
 };
 
@@ -162,6 +186,16 @@ struct Color32Lanes {
             MixHalves(L::AsHalves(old) >> 8, L::AsHalves((colors >> 8) & 0x000000FFU),
                       L::AsHalves(weights | 256U << 16));
         return L::AsWords(redBlue) | (L::AsWords(alphaGreen) & 0xFF00FF00U);
+    }
+    static Block PutOpaque(Block old, const Words& words) {
+        return (old & 0xFF000000U) | (words.words & 0x00FFFFFFU);
+    }
+
+    static constexpr unsigned kExpanded = L::kWords;
+    template <class Count>
+    static void Expand(std::uint8_t* words, const std::uint8_t* pixels, std::uint32_t,
+                       Count count) {
+        L::StoreWords(words, L::LoadWords(pixels, count), count);
     }
 };
 

@@ -77,7 +77,7 @@ inline void StoreFew(std::uint8_t* p, Bytes16 bytes, unsigned count) {
 
 /// The vector types of a register, and plain loads and stores of bytes, 16-bit halves and 32-bit
 /// words. Arithmetic on the types is the compiler's own; it wraps. `Register` moves all of its
-/// bytes, or the first few, between memory and the type that the intrinsics take.
+/// bytes, or the first few units of 1, 2 or 4 of them, between memory and the intrinsics' type.
 template <class Register>
 struct BasicLanes {
     static constexpr unsigned kBytes = Register::kBytes;
@@ -92,25 +92,29 @@ struct BasicLanes {
     static U32 SplatWord(std::uint32_t value) { return U32{} + value; }
 
     static U8 LoadBytes(const std::uint8_t* p, All) { return AsBytes(Register::Load(p)); }
-    static U8 LoadBytes(const std::uint8_t* p, Some s) { return AsBytes(Register::Load(p, s.n)); }
+    static U8 LoadBytes(const std::uint8_t* p, Some s) {
+        return AsBytes(Register::template Load<1>(p, s.n));
+    }
     static U16 LoadHalves(const std::uint8_t* p, All) { return AsHalves(Register::Load(p)); }
     static U16 LoadHalves(const std::uint8_t* p, Some s) {
-        return AsHalves(Register::Load(p, 2 * s.n));
+        return AsHalves(Register::template Load<2>(p, s.n));
     }
     static U32 LoadWords(const std::uint8_t* p, All) { return AsWords(Register::Load(p)); }
     static U32 LoadWords(const std::uint8_t* p, Some s) {
-        return AsWords(Register::Load(p, 4 * s.n));
+        return AsWords(Register::template Load<4>(p, s.n));
     }
 
     static void StoreBytes(std::uint8_t* p, U8 v, All) { Register::Store(p, AsRaw(v)); }
-    static void StoreBytes(std::uint8_t* p, U8 v, Some s) { Register::Store(p, AsRaw(v), s.n); }
+    static void StoreBytes(std::uint8_t* p, U8 v, Some s) {
+        Register::template Store<1>(p, AsRaw(v), s.n);
+    }
     static void StoreHalves(std::uint8_t* p, U16 v, All) { Register::Store(p, AsRaw(v)); }
     static void StoreHalves(std::uint8_t* p, U16 v, Some s) {
-        Register::Store(p, AsRaw(v), 2 * s.n);
+        Register::template Store<2>(p, AsRaw(v), s.n);
     }
     static void StoreWords(std::uint8_t* p, U32 v, All) { Register::Store(p, AsRaw(v)); }
     static void StoreWords(std::uint8_t* p, U32 v, Some s) {
-        Register::Store(p, AsRaw(v), 4 * s.n);
+        Register::template Store<4>(p, AsRaw(v), s.n);
     }
 
     template <class Vector>

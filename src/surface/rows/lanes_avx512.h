@@ -15,14 +15,9 @@
 namespace gfx {
 namespace {
 
-inline __mmask64 FirstBytes64(unsigned count) {
-    return count >= 64 ? ~__mmask64{0} : (__mmask64{1} << count) - 1;
-}
-inline __mmask32 FirstBytes32(unsigned count) {
-    return static_cast<__mmask32>((std::uint64_t{1} << count) - 1);
-}
-inline __mmask16 FirstBytes16(unsigned count) {
-    return static_cast<__mmask16>((std::uint32_t{1} << count) - 1);
+/// A mask of the first n of up to 64 units.
+inline std::uint64_t First(unsigned n) {
+    return n >= 64 ? ~std::uint64_t{0} : (std::uint64_t{1} << n) - 1;
 }
 
 struct Register512 {
@@ -30,12 +25,22 @@ struct Register512 {
     using Raw = __m512i;
 
     static Raw Load(const std::uint8_t* p) { return _mm512_loadu_si512(p); }
-    static Raw Load(const std::uint8_t* p, unsigned count) {
-        return _mm512_maskz_loadu_epi8(FirstBytes64(count), p);
+    template <unsigned kUnit>
+    static Raw Load(const std::uint8_t* p, unsigned n) {
+        if constexpr (kUnit == 1) return _mm512_maskz_loadu_epi8(First(n), p);
+        if constexpr (kUnit == 2) {
+            return _mm512_maskz_loadu_epi16(static_cast<__mmask32>(First(n)), p);
+        }
+        return _mm512_maskz_loadu_epi32(static_cast<__mmask16>(First(n)), p);
     }
     static void Store(std::uint8_t* p, Raw v) { _mm512_storeu_si512(p, v); }
-    static void Store(std::uint8_t* p, Raw v, unsigned count) {
-        _mm512_mask_storeu_epi8(p, FirstBytes64(count), v);
+    template <unsigned kUnit>
+    static void Store(std::uint8_t* p, Raw v, unsigned n) {
+        if constexpr (kUnit == 1) return _mm512_mask_storeu_epi8(p, First(n), v);
+        if constexpr (kUnit == 2) {
+            return _mm512_mask_storeu_epi16(p, static_cast<__mmask32>(First(n)), v);
+        }
+        _mm512_mask_storeu_epi32(p, static_cast<__mmask16>(First(n)), v);
     }
 };
 
@@ -46,20 +51,34 @@ struct MaskedRegister256 {
     static Raw Load(const std::uint8_t* p) {
         return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
     }
-    static Raw Load(const std::uint8_t* p, unsigned count) {
-        return _mm256_maskz_loadu_epi8(FirstBytes32(count), p);
+    template <unsigned kUnit>
+    static Raw Load(const std::uint8_t* p, unsigned n) {
+        if constexpr (kUnit == 1) {
+            return _mm256_maskz_loadu_epi8(static_cast<__mmask32>(First(n)), p);
+        }
+        if constexpr (kUnit == 2) {
+            return _mm256_maskz_loadu_epi16(static_cast<__mmask16>(First(n)), p);
+        }
+        return _mm256_maskz_loadu_epi32(static_cast<__mmask8>(First(n)), p);
     }
     static void Store(std::uint8_t* p, Raw v) {
         _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), v);
     }
-    static void Store(std::uint8_t* p, Raw v, unsigned count) {
-        _mm256_mask_storeu_epi8(p, FirstBytes32(count), v);
+    template <unsigned kUnit>
+    static void Store(std::uint8_t* p, Raw v, unsigned n) {
+        if constexpr (kUnit == 1) {
+            return _mm256_mask_storeu_epi8(p, static_cast<__mmask32>(First(n)), v);
+        }
+        if constexpr (kUnit == 2) {
+            return _mm256_mask_storeu_epi16(p, static_cast<__mmask16>(First(n)), v);
+        }
+        _mm256_mask_storeu_epi32(p, static_cast<__mmask8>(First(n)), v);
     }
 };
 
-/// The first `count` of 16 bytes.
-inline __m128i Load128(const std::uint8_t* p, unsigned count) {
-    return _mm_maskz_loadu_epi8(FirstBytes16(count), p);
+/// The first n of 16 bytes.
+inline __m128i Load128(const std::uint8_t* p, unsigned n) {
+    return _mm_maskz_loadu_epi8(static_cast<__mmask16>(First(n)), p);
 }
 inline __m128i Load128(const std::uint8_t* p) {
     return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
@@ -89,7 +108,7 @@ struct MaskedLanes256 : BasicLanes<MaskedRegister256> {
         _mm_storeu_si128(reinterpret_cast<__m128i*>(p), _mm256_cvtepi16_epi8(AsRaw(v)));
     }
     static void StoreHalvesAsBytes(std::uint8_t* p, U16 v, Some s) {
-        _mm_mask_storeu_epi8(p, FirstBytes16(s.n), _mm256_cvtepi16_epi8(AsRaw(v)));
+        _mm_mask_storeu_epi8(p, static_cast<__mmask16>(First(s.n)), _mm256_cvtepi16_epi8(AsRaw(v)));
     }
 
     /// The low, or high, halves of the words of two blocks, in their order.
@@ -115,7 +134,7 @@ struct Lanes512 : BasicLanes<Register512> {
         return AsHalves(_mm512_cvtepu8_epi16(MaskedRegister256::Load(p)));
     }
     static U16 LoadBytesAsHalves(const std::uint8_t* p, Some s) {
-        return AsHalves(_mm512_cvtepu8_epi16(MaskedRegister256::Load(p, s.n)));
+        return AsHalves(_mm512_cvtepu8_epi16(MaskedRegister256::Load<1>(p, s.n)));
     }
     static U32 LoadBytesAsWords(const std::uint8_t* p, All) {
         return AsWords(_mm512_cvtepu8_epi32(Load128(p)));
@@ -127,13 +146,13 @@ struct Lanes512 : BasicLanes<Register512> {
         return AsWords(_mm512_cvtepu16_epi32(MaskedRegister256::Load(p)));
     }
     static U32 LoadHalvesAsWords(const std::uint8_t* p, Some s) {
-        return AsWords(_mm512_cvtepu16_epi32(MaskedRegister256::Load(p, 2 * s.n)));
+        return AsWords(_mm512_cvtepu16_epi32(MaskedRegister256::Load<2>(p, s.n)));
     }
     static void StoreHalvesAsBytes(std::uint8_t* p, U16 v, All) {
         MaskedRegister256::Store(p, _mm512_cvtepi16_epi8(AsRaw(v)));
     }
     static void StoreHalvesAsBytes(std::uint8_t* p, U16 v, Some s) {
-        MaskedRegister256::Store(p, _mm512_cvtepi16_epi8(AsRaw(v)), s.n);
+        MaskedRegister256::Store<1>(p, _mm512_cvtepi16_epi8(AsRaw(v)), s.n);
     }
 
     static U16 PackLow(U32 a, U32 b) {
@@ -141,9 +160,20 @@ struct Lanes512 : BasicLanes<Register512> {
                                            _mm512_cvtepi32_epi16(AsRaw(b)), 1));
     }
     static U16 PackHigh(U32 a, U32 b) { return PackLow(a >> 16, b >> 16); }
+    static U32 InterleaveFirst(U16 low, U16 high) { return Interleave(low, high, 0x0020); }
+    static U32 InterleaveSecond(U16 low, U16 high) { return Interleave(low, high, 0x0030); }
     static U16 MulHigh(U16 a, U16 b) { return AsHalves(_mm512_mulhi_epu16(AsRaw(a), AsRaw(b))); }
     static U32 MulAddPairs(U16 a, U16 b) { return AsWords(_mm512_madd_epi16(AsRaw(a), AsRaw(b))); }
     static bool AreEqual(U8 a, U8 b) { return _mm512_cmpneq_epu8_mask(AsRaw(a), AsRaw(b)) == 0; }
+
+private:
+    /// Half i of a register pair becomes the lower half of word i, half 32 + i its upper half; the
+    /// second register's words begin 16 halves later.
+    static U32 Interleave(U16 low, U16 high, unsigned highStart) {
+        const U32 word = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15};
+        const U32 indices = (word + (highStart - 32)) | (word + highStart) << 16;
+        return AsWords(_mm512_permutex2var_epi16(AsRaw(low), AsRaw(indices), AsRaw(high)));
+    }
 };
 
 /// The words beside a 256-bit register of halves fit one 512-bit register, which packs at once.
@@ -163,7 +193,18 @@ struct WordPair<MaskedLanes256> {
         return Pack(rule(Lanes512{}, words));
     }
 
+    static WordPair Interleave(MaskedLanes256::U16 low, MaskedLanes256::U16 high) {
+        return {Widen(low) | Widen(high) << 16};
+    }
+    template <class Count>
+    void Store(std::uint8_t* p, Count count) const {
+        Lanes512::StoreWords(p, words, count);
+    }
+
 private:
+    static Lanes512::U32 Widen(MaskedLanes256::U16 v) {
+        return Lanes512::AsWords(_mm512_cvtepu16_epi32(MaskedLanes256::AsRaw(v)));
+    }
     static MaskedLanes256::U16 Pack(Lanes512::U32 v) {
         return MaskedLanes256::AsHalves(_mm512_cvtepi32_epi16(Lanes512::AsRaw(v)));
     }

@@ -15,13 +15,17 @@ struct PortableRegister {
     using Raw = TwoWords64;
 
     static Raw Load(const std::uint8_t* p) { return LoadAs<Raw>(p); }
-    static Raw Load(const std::uint8_t* p, unsigned count) {
+    template <unsigned kUnit>
+    static Raw Load(const std::uint8_t* p, unsigned n) {
+        const unsigned count = n * kUnit;
         if (count == 16) return Load(p);
         const Bytes16 bytes = LoadFew(p, count);
         return Raw{bytes.low, bytes.high};
     }
     static void Store(std::uint8_t* p, Raw v) { std::memcpy(p, &v, sizeof v); }
-    static void Store(std::uint8_t* p, Raw v, unsigned count) {
+    template <unsigned kUnit>
+    static void Store(std::uint8_t* p, Raw v, unsigned n) {
+        const unsigned count = n * kUnit;
         if (count == 16) return Store(p, v);
         StoreFew(p, {v[0], v[1]}, count);
     }
@@ -32,26 +36,26 @@ struct PortableLanes : BasicLanes<PortableRegister> {
         return WidenBytes(Raw{LoadAs<std::uint64_t>(p), 0});
     }
     static U16 LoadBytesAsHalves(const std::uint8_t* p, Some s) {
-        return WidenBytes(PortableRegister::Load(p, s.n));
+        return WidenBytes(PortableRegister::Load<1>(p, s.n));
     }
     static U32 LoadBytesAsWords(const std::uint8_t* p, All) {
         return WidenHalves(WidenBytes(Raw{LoadAs<std::uint32_t>(p), 0}));
     }
     static U32 LoadBytesAsWords(const std::uint8_t* p, Some s) {
-        return WidenHalves(WidenBytes(PortableRegister::Load(p, s.n)));
+        return WidenHalves(WidenBytes(PortableRegister::Load<1>(p, s.n)));
     }
     static U32 LoadHalvesAsWords(const std::uint8_t* p, All) {
         return WidenHalves(AsHalves(Raw{LoadAs<std::uint64_t>(p), 0}));
     }
     static U32 LoadHalvesAsWords(const std::uint8_t* p, Some s) {
-        return WidenHalves(AsHalves(PortableRegister::Load(p, 2 * s.n)));
+        return WidenHalves(AsHalves(PortableRegister::Load<2>(p, s.n)));
     }
     /// Halves must not exceed 255.
     static void StoreHalvesAsBytes(std::uint8_t* p, U16 v, All) {
         StoreAs<std::uint64_t>(p, AsRaw(NarrowHalves(v))[0]);
     }
     static void StoreHalvesAsBytes(std::uint8_t* p, U16 v, Some s) {
-        PortableRegister::Store(p, AsRaw(NarrowHalves(v)), s.n);
+        PortableRegister::Store<1>(p, AsRaw(NarrowHalves(v)), s.n);
     }
 
     /// The low, or high, halves of the words of two blocks, in their order.
@@ -60,6 +64,15 @@ struct PortableLanes : BasicLanes<PortableRegister> {
     }
     static U16 PackHigh(U32 a, U32 b) {
         return __builtin_shufflevector(AsHalves(a), AsHalves(b), 1, 3, 5, 7, 9, 11, 13, 15);
+    }
+
+    /// Words of pairs of halves: the lower halves of `low`, the upper ones of `high`. The first of
+    /// the two registers, and the second.
+    static U32 InterleaveFirst(U16 low, U16 high) {
+        return AsWords(__builtin_shufflevector(low, high, 0, 8, 1, 9, 2, 10, 3, 11));
+    }
+    static U32 InterleaveSecond(U16 low, U16 high) {
+        return AsWords(__builtin_shufflevector(low, high, 4, 12, 5, 13, 6, 14, 7, 15));
     }
 
     /// The high 16 bits of each product.

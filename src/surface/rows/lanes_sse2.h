@@ -17,7 +17,9 @@ struct Register128 {
     static __m128i Load(const std::uint8_t* p) {
         return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
     }
-    static __m128i Load(const std::uint8_t* p, unsigned count) {
+    template <unsigned kUnit>
+    static __m128i Load(const std::uint8_t* p, unsigned n) {
+        const unsigned count = n * kUnit;
         if (count == 16) return Load(p);
         const Bytes16 bytes = LoadFew(p, count);
         return _mm_set_epi64x(static_cast<long long>(bytes.high),
@@ -26,7 +28,9 @@ struct Register128 {
     static void Store(std::uint8_t* p, __m128i v) {
         _mm_storeu_si128(reinterpret_cast<__m128i*>(p), v);
     }
-    static void Store(std::uint8_t* p, __m128i v, unsigned count) {
+    template <unsigned kUnit>
+    static void Store(std::uint8_t* p, __m128i v, unsigned n) {
+        const unsigned count = n * kUnit;
         if (count == 16) return Store(p, v);
         StoreFew(p, LowAndHigh(v), count);
     }
@@ -46,20 +50,20 @@ struct Lanes128 : BasicLanes<Register128> {
         return AsHalves(WidenBytes(Register128::LoadLow(p)));
     }
     static U16 LoadBytesAsHalves(const std::uint8_t* p, Some s) {
-        return AsHalves(WidenBytes(Register128::Load(p, s.n)));
+        return AsHalves(WidenBytes(Register128::Load<1>(p, s.n)));
     }
     static U32 LoadBytesAsWords(const std::uint8_t* p, All) {
         const auto four = static_cast<int>(LoadAs<std::uint32_t>(p));
         return AsWords(WidenHalves(WidenBytes(_mm_cvtsi32_si128(four))));
     }
     static U32 LoadBytesAsWords(const std::uint8_t* p, Some s) {
-        return AsWords(WidenHalves(WidenBytes(Register128::Load(p, s.n))));
+        return AsWords(WidenHalves(WidenBytes(Register128::Load<1>(p, s.n))));
     }
     static U32 LoadHalvesAsWords(const std::uint8_t* p, All) {
         return AsWords(WidenHalves(Register128::LoadLow(p)));
     }
     static U32 LoadHalvesAsWords(const std::uint8_t* p, Some s) {
-        return AsWords(WidenHalves(Register128::Load(p, 2 * s.n)));
+        return AsWords(WidenHalves(Register128::Load<2>(p, s.n)));
     }
     /// Halves must not exceed 255.
     static void StoreHalvesAsBytes(std::uint8_t* p, U16 v, All) {
@@ -67,7 +71,7 @@ struct Lanes128 : BasicLanes<Register128> {
         _mm_storel_epi64(reinterpret_cast<__m128i*>(p), bytes);
     }
     static void StoreHalvesAsBytes(std::uint8_t* p, U16 v, Some s) {
-        Register128::Store(p, _mm_packus_epi16(AsRaw(v), AsRaw(v)), s.n);
+        Register128::Store<1>(p, _mm_packus_epi16(AsRaw(v), AsRaw(v)), s.n);
     }
 
     /// The low, or high, halves of the words of two blocks, in their order. There is no unsigned
@@ -79,6 +83,15 @@ struct Lanes128 : BasicLanes<Register128> {
     static U16 PackHigh(U32 a, U32 b) {
         return AsHalves(
             _mm_packs_epi32(_mm_srai_epi32(AsRaw(a), 16), _mm_srai_epi32(AsRaw(b), 16)));
+    }
+
+    /// Words of pairs of halves: the lower halves of `low`, the upper ones of `high`. The first of
+    /// the two registers, and the second.
+    static U32 InterleaveFirst(U16 low, U16 high) {
+        return AsWords(_mm_unpacklo_epi16(AsRaw(low), AsRaw(high)));
+    }
+    static U32 InterleaveSecond(U16 low, U16 high) {
+        return AsWords(_mm_unpackhi_epi16(AsRaw(low), AsRaw(high)));
     }
 
     /// The high 16 bits of each product.

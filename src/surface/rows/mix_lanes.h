@@ -87,6 +87,21 @@ struct WordPair {
     typename L::U16 Map(Rule rule) const {
         return L::PackLow(rule(L{}, first), rule(L{}, second));
     }
+
+    /// Words of pairs of halves.
+    static WordPair Interleave(typename L::U16 low, typename L::U16 high) {
+        return {L::InterleaveFirst(low, high), L::InterleaveSecond(low, high)};
+    }
+
+    void Store(std::uint8_t* p, All) const {
+        L::StoreWords(p, first, All{});
+        L::StoreWords(p + L::kBytes, second, All{});
+    }
+    void Store(std::uint8_t* p, Some some) const {
+        if (some.n < L::kWords) return L::StoreWords(p, first, some);
+        L::StoreWords(p, first, All{});
+        L::StoreWords(p + L::kBytes, second, Some{some.n - L::kWords});
+    }
 };
 
 }  // namespace
