@@ -371,6 +371,10 @@ protected:
 private:
     struct GFX_INTERNAL Transfer;  // a copy or blend between two surfaces on its way
 
+    /// RectCopy where formats differ, a colour key is on, or the source may repeat.
+    void CopyConverted(int x, int y, unsigned int w, unsigned int h, int srcX, int srcY,
+                       const GfxSurface& from, bool tile);
+
     /// Whether drawing neither writes nor reads here: depths 0 and 1, and surfaces without memory.
     bool StoresNothing() const;
 

@@ -39,7 +39,23 @@ StoredKey StoredKeyOf(Storage storage, std::uint32_t key, std::uint32_t surfaceA
 
 void GfxSurface::RectCopy(int x, int y, unsigned int w, unsigned int h, int srcX, int srcY,
                           const GfxSurface* src, bool tile) {
-    Transfer transfer{*this, src != nullptr ? *src : *this, {x, y, w, h, srcX, srcY}};
+    const GfxSurface& from = src != nullptr ? *src : *this;
+    const Storage storage = gfx::StorageOf(depth, pixelShift, lines);
+    if (tile || transparent || storage != gfx::StorageOf(from.depth, from.pixelShift, from.lines)) {
+        return CopyConverted(x, y, w, h, srcX, srcY, from, tile);
+    }
+    Transfer transfer{*this, from, {x, y, w, h, srcX, srcY}};
+    if (!transfer.Frame(false)) return;
+    empty = false;
+    gfx::Kernels()[storage].copy(transfer.Target(), transfer.Source(), transfer.rect.w,
+                                 transfer.rect.h, transfer.RunsUpwards());
+}
+
+// Apart from RectCopy, and kept so, because the saving of its registers is felt by small copies.
+[[gnu::noinline]] void GfxSurface::CopyConverted(int x, int y, unsigned int w, unsigned int h,
+                                                 int srcX, int srcY, const GfxSurface& from,
+                                                 bool tile) {
+    Transfer transfer{*this, from, {x, y, w, h, srcX, srcY}};
     if (!transfer.Frame(tile)) return;
     empty = false;
     const Storage target = transfer.TargetStorage();
@@ -49,25 +65,28 @@ void GfxSurface::RectCopy(int x, int y, unsigned int w, unsigned int h, int srcX
     const gfx::RowKernels& kernels = gfx::Kernels();
     const gfx::FormatKernels& own = kernels[target];
     const gfx::ClippedRect& rect = transfer.rect;
-    const auto key = transparent ? StoredKeyOf(source, transparentColor, transfer.from.alpha)
-                                 : StoredKey{false, 0};
-
-    if (source == target && !key.exists && !transfer.wraps) {
-        return own.copy(transfer.Target(), transfer.Source(), rect.w, rect.h,
-                        transfer.RunsUpwards());
-    }
-    const bool isPlainOrder = !transfer.wraps && !transfer.RunsUpwards();
+    const auto key =
+        transparent ? StoredKeyOf(source, transparentColor, from.alpha) : StoredKey{false, 0};
     const gfx::WriteStep step = key.exists
                                     ? gfx::WriteStep{nullptr, own.fromWordsKeyed, transparentColor}
                                     : gfx::WriteStep{own.fromWords, nullptr, 0};
+    if (source == target && !key.exists) {
+        if (!transfer.wraps) {
+            return own.copy(transfer.Target(), transfer.Source(), rect.w, rect.h,
+                            transfer.RunsUpwards());
+        }
+        if (transfer.AreApart()) return transfer.CopyTiles(own);
+    }
+    if (transfer.wraps || transfer.RunsUpwards()) return transfer.ThroughScratchRow(step);
+
     unsigned done = 0;
-    if (source == target && key.exists && isPlainOrder) {
+    if (source == Storage::Color32) {
+        done = step(transfer.Target(), transfer.Source(), rect.w, rect.h);
+    } else if (source == target) {
         done = own.copyKeyed(transfer.Target(), transfer.Source(), rect.w, rect.h, key.pixel);
-    } else if (target == Storage::Color32 && !key.exists && isPlainOrder) {
+    } else if (target == Storage::Color32 && !key.exists) {
         done = kernels[source].toWords(transfer.Target(), transfer.Source(), rect.w, rect.h,
-                                       transfer.from.alpha);
-    } else {
-        return transfer.WriteWords(step);
+                                       from.alpha);
     }
     transfer.ThroughScratchRow(step, done);
 }

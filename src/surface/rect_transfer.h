@@ -62,6 +62,14 @@ struct GfxSurface::Transfer {
     /// written.
     void ThroughScratchRow(const gfx::WriteStep& step, unsigned done = 0,
                            std::uint32_t opacity = gfx::kUnitOpacity) const;
+
+    /// Copies within one format around the source's edges, by repeating what is drawn already;
+    /// needs surfaces that are apart.
+    void CopyTiles(const gfx::FormatKernels& kernels) const;
+
+    /// Whether no row of the source shares memory with one of the target. Surfaces whose rows do
+    /// not lie in their own pixel memory, as those of a derived one may, count as not apart.
+    bool AreApart() const;
 };
 
 // Inline, because small rectangles feel a call.

@@ -117,6 +117,13 @@ struct BasicLanes {
         Register::template Store<4>(p, AsRaw(v), s.n);
     }
 
+    /// The old pixels where the fresh ones equal the key.
+    template <class Vector>
+    static Vector KeepKeyed(Vector old, Vector fresh, Vector key) {
+        const auto isKey = reinterpret_cast<Vector>(fresh == key);
+        return (old & isKey) | (fresh & ~isKey);
+    }
+
     template <class Vector>
     static Raw AsRaw(Vector v) {
         return reinterpret_cast<Raw>(v);

@@ -130,6 +130,16 @@ struct MaskedLanes256 : BasicLanes<MaskedRegister256> {
 };
 
 struct Lanes512 : BasicLanes<Register512> {
+    /// With masks, which the compilers do not find by themselves.
+    static U16 KeepKeyed(U16 old, U16 fresh, U16 key) {
+        return AsHalves(_mm512_mask_mov_epi16(
+            AsRaw(fresh), _mm512_cmpeq_epi16_mask(AsRaw(fresh), AsRaw(key)), AsRaw(old)));
+    }
+    static U32 KeepKeyed(U32 old, U32 fresh, U32 key) {
+        return AsWords(_mm512_mask_mov_epi32(
+            AsRaw(fresh), _mm512_cmpeq_epi32_mask(AsRaw(fresh), AsRaw(key)), AsRaw(old)));
+    }
+
     static U16 LoadBytesAsHalves(const std::uint8_t* p, All) {
         return AsHalves(_mm512_cvtepu8_epi16(MaskedRegister256::Load(p)));
     }

@@ -55,8 +55,7 @@ struct BlockKernels {
         return WalkRowPairs<Format, Format, F::kPixels>(
             to, from, w, h, [=](std::uint8_t* p, const std::uint8_t* source, auto count) {
                 const auto pixels = F::Load(source, count);
-                const auto isKey = reinterpret_cast<typename F::Block>(pixels == keys);
-                F::Store(p, KeepWhere(isKey, F::Load(p, count), pixels), count);
+                F::Store(p, L::KeepKeyed(F::Load(p, count), pixels, keys), count);
             });
     }
 
