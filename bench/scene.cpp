@@ -39,12 +39,13 @@ void PaintGlyphAlpha(std::vector<std::uint32_t>& words, Random& random) {
     }
 }
 
-/// Discs of radius 13 on a grid of 32, their rims fading over three pixels.
+/// Discs of radius 28 on a grid of 64, their rims fading over three pixels: seven pixels of eight are
+/// all visible or all invisible, in runs as sprites have them.
 void PaintSpriteAlpha(std::vector<std::uint32_t>& words, int width) {
     for (std::size_t i = 0; i < words.size(); ++i) {
-        const double x = static_cast<int>(i % width) % 32 - 15.5;
-        const double y = static_cast<int>(i / width) % 32 - 15.5;
-        const double share = (14.5 - std::hypot(x, y)) / 3.0;
+        const double x = static_cast<int>(i % width) % 64 - 31.5;
+        const double y = static_cast<int>(i / width) % 64 - 31.5;
+        const double share = (29.5 - std::hypot(x, y)) / 3.0;
         const double alpha = std::fmin(1.0, std::fmax(0.0, share)) * 255.0;
         words[i] = (words[i] & ~kOpaqueBits) | static_cast<std::uint32_t>(alpha) << 24;
     }

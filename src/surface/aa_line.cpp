@@ -121,12 +121,15 @@ void GfxSurface::DrawAALine(int x0, int y0, int x1, int y1, unsigned int color,
     if (walk.IsStraight() && dashes.IsSolid()) {
         // All of the share is the near pixel's. The far ones stay as they are, but count as drawn
         // on.
+        const std::uint32_t near = lineColor.NearAlpha(0) << 24 | lineColor.rgb;
         constexpr std::uint32_t kInvisible = 0xFF000000;
-        const int far = walk.minorStart + 1;
         const unsigned length = walk.steps + 1;
-        DrawLine(x0, y0, x1, y1, lineColor.NearAlpha(0) << 24 | lineColor.rgb);
-        return walk.isAlongX ? RectFillBlend(walk.majorStart, far, length, 1, kInvisible)
-                             : RectFillBlend(far, walk.majorStart, 1, length, kInvisible);
+        if (walk.isAlongX) {
+            RectFillBlend(walk.majorStart, walk.minorStart, length, 1, near);
+            return RectFillBlend(walk.majorStart, walk.minorStart + 1, length, 1, kInvisible);
+        }
+        DrawLine(x0, y0, x1, y1, near);
+        return RectFillBlend(walk.minorStart + 1, walk.majorStart, 1, length, kInvisible);
     }
     const LineTarget target{
         lines, gfx::StorageOf(depth, pixelShift, lines), {clipX0, clipX1}, {clipY0, clipY1}};

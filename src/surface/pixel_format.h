@@ -22,7 +22,8 @@ namespace {
 /// Depths 0 and 1 store nothing for drawing: packed bits are storage only. Every other format
 /// follows from its bytes per pixel.
 inline Storage FormatOf(unsigned depth, unsigned pixelShift) {
-    return depth <= 1 ? Storage::None : static_cast<Storage>(pixelShift + 1);
+    if (pixelShift != 0) return static_cast<Storage>(pixelShift + 1);
+    return depth <= 1 ? Storage::None : Storage::Grey8;
 }
 
 /// The format in which a surface takes part in drawing; one without rows does not.

@@ -2,7 +2,8 @@
 // into colour words. The row kernels are written once on top of these.
 //
 // A format's block holds kPixels pixels. Its Alphas are one value of 0..255 a pixel, its Colors
-// what Mix wants of the colours.
+// what Mix wants of the colours. Its Solid blends one colour of one alpha, whose share of each sum,
+// colour * (256 - weight), is the same for all pixels.
 // Unnamed namespace: see pixel_format.h.
 #ifndef GFX_SURFACE_ROWS_FORMAT_LANES_H
 #define GFX_SURFACE_ROWS_FORMAT_LANES_H
@@ -54,6 +55,25 @@ struct Grey8Lanes {
         return MixHalves(old, colors, OldWeights(alphas)) >> 8;
     }
     static Block PutOpaque(Block, const Words& words) { return FromWords(words); }
+
+    /// Works on bytes, the even and the odd ones in halves of their own: twice as many a register
+    /// as widened ones.
+    struct Solid {
+        static constexpr unsigned kPixels = L::kBytes;
+        Block weight, share;
+
+        explicit Solid(std::uint32_t color)
+            : weight(L::SplatHalf(OldWeight(AlphaOf(color)))),
+              share(L::SplatHalf(RgbToGrey(color) * (256 - OldWeight(AlphaOf(color))))) {}
+
+        template <class Count>
+        void BlendInto(std::uint8_t* p, Count count) const {
+            const Block old = L::AsHalves(L::LoadBytes(p, count));
+            const Block even = ((old & 0x00FF) * weight + share) >> 8;
+            const Block odd = ((old >> 8) * weight + share) & 0xFF00;
+            L::StoreBytes(p, L::AsBytes(even | odd), count);
+        }
+    };
 
     /// Pixels become colour words in blocks of kExpanded.
     static constexpr unsigned kExpanded = L::kWords;
@@ -119,11 +139,39 @@ struct Rgb565Lanes {
     static Block Mix(Block old, const Colors& colors, Alphas alphas) {
         const Block weights = OldWeights(alphas);
         const Colors wide = ChannelsOf(old);
-        return (MixHalves(wide.red, colors.red, weights) & 0xF800) |
-               ((MixHalves(wide.green, colors.green, weights) >> 5) & 0x07E0) |
-               (MixHalves(wide.blue, colors.blue, weights) >> 11);
+        return Pack({MixHalves(wide.red, colors.red, weights),
+                     MixHalves(wide.green, colors.green, weights),
+                     MixHalves(wide.blue, colors.blue, weights)});
     }
     static Block PutOpaque(Block, const Words& words) { return FromWords(words); }
+
+    /// Pixels of 256 times their channels.
+    static Block Pack(const Colors& sums) {
+        return (sums.red & 0xF800) | ((sums.green >> 5) & 0x07E0) | (sums.blue >> 11);
+    }
+
+    struct Solid {
+        static constexpr unsigned kPixels = L::kHalves;
+        Block weight;
+        Colors shares;
+
+        explicit Solid(std::uint32_t color)
+            : weight(L::SplatHalf(OldWeight(AlphaOf(color)))), shares(SplatColor(color)) {
+            const Block colorWeight = 256 - weight;
+            shares.red *= colorWeight;
+            shares.green *= colorWeight;
+            shares.blue *= colorWeight;
+        }
+
+        template <class Count>
+        void BlendInto(std::uint8_t* p, Count count) const {
+            const Colors wide = ChannelsOf(Load(p, count));
+            Store(p,
+                  Pack({wide.red * weight + shares.red, wide.green * weight + shares.green,
+                        wide.blue * weight + shares.blue}),
+                  count);
+        }
+    };
 
     static constexpr unsigned kExpanded = L::kHalves;
     template <class Count>
@@ -139,6 +187,7 @@ template <class L>
 struct Color32Lanes {
     using Format = Color32;
     using Block = typename L::U32;
+    using Halves = typename L::U16;
     using Alphas = Block;
     using Colors = Block;
     static constexpr unsigned kPixels = L::kWords;
@@ -178,18 +227,40 @@ struct Color32Lanes {
     /// weight 256 and a colour of 0, which keeps the old byte.
     static Block Mix(Block old, Colors colors, Alphas alphas) {
         const Block weights = OldWeights(alphas);
-        const auto redBlue =
+        const Halves redBlue =
             MixHalves(L::AsHalves(old & 0x00FF00FFU), L::AsHalves(colors & 0x00FF00FFU),
-                      L::AsHalves(weights | weights << 16)) >>
-            8;
-        const auto alphaGreen =
-            MixHalves(L::AsHalves(old) >> 8, L::AsHalves((colors >> 8) & 0x000000FFU),
+                      L::InBothHalves(weights));
+        const Halves alphaGreen =
+            MixHalves(L::AsHalves(old) >> 8, L::AsHalves(colors & 0x0000FF00U) >> 8,
                       L::AsHalves(weights | 256U << 16));
-        return L::AsWords(redBlue) | (L::AsWords(alphaGreen) & 0xFF00FF00U);
+        return L::AsWords(redBlue >> 8) | (L::AsWords(alphaGreen) & 0xFF00FF00U);
     }
     static Block PutOpaque(Block old, const Words& words) {
         return (old & 0xFF000000U) | (words.words & 0x00FFFFFFU);
     }
+
+    struct Solid {
+        static constexpr unsigned kPixels = L::kWords;
+        Halves redBlueWeight, alphaGreenWeight, redBlueShare, greenShare;
+
+        explicit Solid(std::uint32_t color) {
+            const std::uint32_t weight = OldWeight(AlphaOf(color));
+            const std::uint32_t share = 256 - weight;
+            redBlueWeight = L::SplatHalf(weight);
+            alphaGreenWeight = L::AsHalves(L::SplatWord(256U << 16 | weight));
+            redBlueShare = L::AsHalves(L::SplatWord((color & 0x00FF00FFU) * share));
+            greenShare = L::AsHalves(L::SplatWord((color >> 8 & 0xFFU) * share));
+        }
+
+        template <class Count>
+        void BlendInto(std::uint8_t* p, Count count) const {
+            const Block old = Load(p, count);
+            const Halves redBlue =
+                (L::AsHalves(old & 0x00FF00FFU) * redBlueWeight + redBlueShare) >> 8;
+            const Halves alphaGreen = (L::AsHalves(old) >> 8) * alphaGreenWeight + greenShare;
+            Store(p, L::AsWords(redBlue) | (L::AsWords(alphaGreen) & 0xFF00FF00U), count);
+        }
+    };
 
     static constexpr unsigned kExpanded = L::kWords;
     template <class Count>

@@ -117,6 +117,9 @@ struct BasicLanes {
         Register::template Store<4>(p, AsRaw(v), s.n);
     }
 
+    /// The lower half of each word, whose upper one is 0, in both of its halves.
+    static U16 InBothHalves(U32 words) { return AsHalves(words | words << 16); }
+
     /// The old pixels where the fresh ones equal the key.
     template <class Vector>
     static Vector KeepKeyed(Vector old, Vector fresh, Vector key) {

@@ -165,11 +165,8 @@ struct Lanes512 : BasicLanes<Register512> {
         MaskedRegister256::Store<1>(p, _mm512_cvtepi16_epi8(AsRaw(v)), s.n);
     }
 
-    static U16 PackLow(U32 a, U32 b) {
-        return AsHalves(_mm512_inserti64x4(_mm512_castsi256_si512(_mm512_cvtepi32_epi16(AsRaw(a))),
-                                           _mm512_cvtepi32_epi16(AsRaw(b)), 1));
-    }
-    static U16 PackHigh(U32 a, U32 b) { return PackLow(a >> 16, b >> 16); }
+    static U16 PackLow(U32 a, U32 b) { return Gather(a, b, 0); }
+    static U16 PackHigh(U32 a, U32 b) { return Gather(a, b, 1); }
     static U32 InterleaveFirst(U16 low, U16 high) { return Interleave(low, high, 0x0020); }
     static U32 InterleaveSecond(U16 low, U16 high) { return Interleave(low, high, 0x0030); }
     static U16 MulHigh(U16 a, U16 b) { return AsHalves(_mm512_mulhi_epu16(AsRaw(a), AsRaw(b))); }
@@ -177,6 +174,14 @@ struct Lanes512 : BasicLanes<Register512> {
     static bool AreEqual(U8 a, U8 b) { return _mm512_cmpneq_epu8_mask(AsRaw(a), AsRaw(b)) == 0; }
 
 private:
+    /// The halves start, start + 2, ... of a register pair.
+    static U16 Gather(U32 a, U32 b, std::uint32_t start) {
+        const U16 even = {0,  2,  4,  6,  8,  10, 12, 14, 16, 18, 20, 22, 24, 26, 28, 30,
+                          32, 34, 36, 38, 40, 42, 44, 46, 48, 50, 52, 54, 56, 58, 60, 62};
+        const U16 indices = even + static_cast<std::uint16_t>(start);
+        return AsHalves(_mm512_permutex2var_epi16(AsRaw(a), AsRaw(indices), AsRaw(b)));
+    }
+
     /// Half i of a register pair becomes the lower half of word i, half 32 + i its upper half; the
     /// second register's words begin 16 halves later.
     static U32 Interleave(U16 low, U16 high, unsigned highStart) {

@@ -130,33 +130,11 @@ void Fill(PixelRows to, unsigned w, unsigned h, Word color) {
     }
 }
 
-/// Grey bytes, the even and the odd ones in 16-bit lanes of their own: twice as many a register as
-/// widened ones.
-template <class L>
-void BlendGrey(PixelRows to, unsigned w, unsigned h, Word color) {
-    const Word weight = OldWeight(AlphaOf(color));
-    const auto weights = L::SplatHalf(weight);
-    const auto share = L::SplatHalf(RgbToGrey(color) * (256 - weight));
-    WalkRows<Grey8, L::kBytes>(to, w, h, [=](std::uint8_t* p, auto count) {
-        const auto old = L::AsHalves(L::LoadBytes(p, count));
-        const auto even = ((old & 0x00FF) * weights + share) >> 8;
-        const auto odd = ((old >> 8) * weights + share) & 0xFF00;
-        L::StoreBytes(p, L::AsBytes(even | odd), count);
-    });
-}
-
-/// The solid blend of a format: its blocks' own, or the one for bytes.
-template <class F, class L>
+template <class F>
 void BlendColor(PixelRows to, unsigned w, unsigned h, Word color) {
-    if constexpr (sizeof(typename F::Format::Unit) == 1) {
-        BlendGrey<L>(to, w, h, color);
-    } else {
-        const auto colors = F::SplatColor(color);
-        const auto alphas = F::SplatAlpha(AlphaOf(color));
-        WalkRows<typename F::Format, F::kPixels>(to, w, h, [=](std::uint8_t* p, auto count) {
-            F::Store(p, F::Mix(F::Load(p, count), colors, alphas), count);
-        });
-    }
+    const typename F::Solid solid(color);
+    WalkRows<typename F::Format, F::Solid::kPixels>(
+        to, w, h, [solid](std::uint8_t* p, auto count) { solid.BlendInto(p, count); });
 }
 
 template <class Format, class L>
@@ -225,7 +203,7 @@ struct FormatTable {
 
     static constexpr FormatKernels kTable = {
         PickUpdate<F, Fill<Format, Wide>, Fill<Format, Narrow>>,
-        PickUpdate<F, BlendColor<FormatLanes<Wide>, Wide>, BlendColor<F, Narrow>>,
+        PickUpdate<F, BlendColor<FormatLanes<Wide>>, BlendColor<F>>,
         PickPair<F, kHeavyBlocks, W::BlendMask8, N::BlendMask8, Word>,
         PickPair<F, kHeavyBlocks, W::BlendMask32, N::BlendMask32, Word>,
         PickCopy<F, Copy<Format, Wide>, Copy<Format, Narrow>>,
