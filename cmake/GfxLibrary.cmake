@@ -40,7 +40,7 @@ if(GFX_TARGETS_X86_64)
   list(APPEND GFX_SOURCES ${kernels}_avx2.cpp ${kernels}_avx512.cpp)
 endif()
 
-# Below -O3 the row loops are not vectorised. A flag on a file overrides the -O0 of a debug build,
+# The plain loops among the kernels (5-5-5 display, scaling of alphas) are vectorised at -O3 only. A flag on a file overrides the -O0 of a debug build,
 # so it is given in optimised configurations alone. Link-time optimisation could move code built for
 # a newer processor out of its file, so the kernels never take part in it.
 set(kernel_options $<$<CONFIG:Release,RelWithDebInfo>:-O3> -fno-lto)

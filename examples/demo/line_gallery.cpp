@@ -13,7 +13,7 @@ namespace {
 constexpr int kWidth = 1000;
 constexpr int kHeight = 772;
 constexpr int kMargin = 40;
-constexpr int kCell = 293;
+constexpr int kCellWidth = 293;
 constexpr int kGap = 20;
 constexpr int kTop = 112;
 constexpr int kCellHeight = 310;
@@ -126,12 +126,12 @@ constexpr Exhibit kExhibits[] = {
 };
 
 void DrawExhibit(GfxSurface& target, Typeface& type, int index, const Exhibit& exhibit) {
-    const int x = kMargin + index % 3 * (kCell + kGap);
+    const int x = kMargin + index % 3 * (kCellWidth + kGap);
     const int y = kTop + index / 3 * (kCellHeight + kGap);
-    target.DrawLine(x, y, x + kCell - 1, y, kPaperInk);
+    target.DrawLine(x, y, x + kCellWidth - 1, y, kPaperInk);
     type.label.Draw(target, x, y + 20, kPaperInk, exhibit.title);
     type.scale.Draw(target, x, y + 36, kPaperFaint, exhibit.note);
-    exhibit.draw({target, {x + kCell / 2.0 - 0.5, y + 174.0}});
+    exhibit.draw({target, {x + kCellWidth / 2.0 - 0.5, y + 174.0}});
 }
 
 }  // namespace

@@ -50,7 +50,7 @@ public:
         page_->RectFill(0, 0, kWidth, kHeight, kPaper);
     }
 
-    /// Opens the next place of the grid and writes its caption; gives its top-left pixel.
+    /// Opens the next place of the grid and writes its caption; gives the place of the picture.
     Box Place(const char* title, const char* note) {
         const Box box{kMargin + count_ % 4 * (static_cast<int>(kTileW) + kGap),
                       kTop + count_ / 4 * kRowHeight, kTileW, kTileH};

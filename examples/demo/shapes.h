@@ -44,7 +44,8 @@ inline double CapsuleDistance(Point p, Point a, Point b, double radius) {
     return Length(ap - Point{ab.x * t, ab.y * t}) - radius;
 }
 
-/// Distance to the edge of an arc with round ends around the origin, from angle 0 to `sweep`.
+/// Distance to the edge of an arc with round ends around the origin, `sweep` degrees from angle
+/// `start` on.
 inline double ArcDistance(Point p, double radius, double halfWidth, double start, double sweep) {
     double angle = std::atan2(p.x, -p.y) * 180 / kPi - start;
     angle -= 360 * std::floor(angle / 360);

@@ -11,11 +11,10 @@ namespace demo {
 
 class Surface {
 public:
-    Surface(unsigned depth, unsigned width, unsigned height) : surface_(GfxSurface::New(depth)) {
+    // The other constructor comes first, so the destructor runs also when Initialise throws.
+    Surface(unsigned depth, unsigned width, unsigned height) : Surface(GfxSurface::New(depth)) {
         if (surface_ == nullptr) throw std::bad_alloc();
-        Owner guard(surface_);
         surface_->Initialise(width, height);
-        guard.surface = nullptr;
     }
     ~Surface() noexcept(false) { GfxSurface::Delete(surface_); }
     Surface(Surface&& other) noexcept : surface_(std::exchange(other.surface_, nullptr)) {}
@@ -28,14 +27,7 @@ public:
     GfxSurface& operator*() const { return *surface_; }
 
 private:
-    // Gives the object back when Initialise throws: the destructor above does not run then.
-    struct Owner {
-        explicit Owner(GfxSurface* s) : surface(s) {}
-        ~Owner() noexcept(false) { GfxSurface::Delete(surface); }
-        Owner(const Owner&) = delete;
-        Owner& operator=(const Owner&) = delete;
-        GfxSurface* surface;
-    };
+    explicit Surface(GfxSurface* surface) : surface_(surface) {}
 
     GfxSurface* surface_;
 };

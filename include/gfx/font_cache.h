@@ -5,7 +5,6 @@
 #include <gfx/export.h>
 #include <gfx/memory.h>
 
-#include <cstddef>
 #include <cstdint>
 
 class GfxSurface;
@@ -28,7 +27,7 @@ public:
         short right;     ///< right edge of the box, exclusive
         short bottom;    ///< bottom edge of the box
         short top;       ///< top edge of the box, exclusive
-        short bearingX;  ///< horizontal bearing X: (1/64 pixel + 63) / 64, truncated toward zero
+        short bearingX;  ///< horizontal bearing X: (b + 63) / 64 of b in 1/64 pixel, toward zero
         short bearingY;  ///< horizontal bearing Y, rounded in the same way
         short advance;   ///< how far the pen moves on after the glyph, rounded in the same way
         short reserved;  ///< always 0
@@ -74,18 +73,20 @@ public:
     /// @param smooth    true: anti-aliased glyphs in five steps of coverage; false: 1-bit glyphs.
     /// @return true when the face is open. On false no face is open, whatever was open before.
     ///         Faces that are not scalable are refused. Glyphs cached earlier stay as they are.
-    /// @throws what fn_alloc throws; the cache is closed then.
+    /// @throws what a hook throws; the cache is closed then.
     bool OpenFace(const char* path, int emSize, bool smooth);
 
     /// Closes the face; on a closed cache it does nothing. Bands, records and metrics stay, but no
     /// glyph is delivered or drawn until a face is opened again.
     void CloseFace();
 
-    /// The typographic ascender of the face's OS/2 table in pixels, rounded; 0 before the first
-    /// OpenFace and for faces without that table. Saturates at the limits of short.
+    /// The typographic ascender of the face's OS/2 table in pixels: value / unitsPerEm * emSize +
+    /// 0.5, truncated toward zero; 0 before the first OpenFace and for faces without that table.
+    /// Saturates at the limits of short.
     short TypoAscender() const { return typoAscender; }
 
-    /// The typographic descender in pixels, negative for usual faces; otherwise as TypoAscender.
+    /// The typographic descender in pixels, negative for usual faces: computed as TypoAscender with
+    /// its sign turned, then turned back.
     short TypoDescender() const;
 
     /// The typographic line gap in pixels; otherwise as TypoAscender.
@@ -100,7 +101,7 @@ public:
     /// @param x,y   receive the image's top-left pixel in the band; 0, 0 without a glyph.
     /// @param geom  receives the geometry, all zero without a glyph. The image is right - left by
     ///              top - bottom pixels, as far as it lies inside the band.
-    /// @throws what fn_alloc throws; the glyph is then tried again at the next request.
+    /// @throws what a hook throws; the glyph is then tried again at the next request.
     void AccessGlyph(unsigned short code, GfxSurface*& band, unsigned short& x, unsigned short& y,
                      GlyphGeom& geom);
 
@@ -114,7 +115,7 @@ public:
     /// @param angle   0: upright, with partial coverage. 90: a quarter turn counter-clockwise, the
     ///                baseline runs up; 270: clockwise, the baseline runs down; turned glyphs draw
     ///                only pixels of full ink. Any other angle draws nothing (the glyph is cached).
-    /// @throws what fn_alloc throws; nothing is drawn then.
+    /// @throws what a hook throws; nothing is drawn then.
     void DrawGlyph(unsigned short code, unsigned int x, unsigned int y, unsigned int color,
                    GfxSurface* target, int angle);
 
@@ -137,11 +138,11 @@ protected:
 
     /// Loads, measures and renders the glyph of info->code and stores its image in a band. With
     /// no face open it leaves the record alone.
-    /// @throws what fn_alloc throws; the record then keeps its old values.
+    /// @throws what a hook throws; the record then keeps its old values.
     void FillGlyphInfo(GlyphInfo* info);
 
     /// The record of `code`, filled at its first request; null when closed and for codes of 1024
-    /// and more. @throws what fn_alloc throws; the code is not cached then.
+    /// and more. @throws what a hook throws; the code is not cached then.
     GlyphInfo* ObtainGlyphInfo(unsigned short code);
 
     /// Reserves `imageWidth` columns: gives their first column and the band's slot. An image that

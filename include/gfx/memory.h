@@ -11,7 +11,8 @@
 /// The host stores all three members before it creates its first object and does not change them
 /// while one lives. The library never writes them and keeps nothing besides the blocks it took.
 /// A hook may throw at any call: the operation that called it then leaves every object valid and
-/// destroyable, and returns no block twice. A hook must not call back into the library.
+/// destroyable, and returns no block twice. A hook that throws again while the first
+/// exception is still on its way ends the program. A hook must not call back into the library.
 class GFX_API GfxMemory {
 public:
     /// Opaque context of the host, passed to both hooks as their first argument.

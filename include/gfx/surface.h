@@ -1,11 +1,11 @@
-// GfxSurface: a rectangle of pixels of one depth, and every drawing operation on it.
+// GfxSurface: a rectangle of pixels of one depth, and every drawing operation on it. One file,
+// because a host reads one class in one place.
 #ifndef GFX_SURFACE_H
 #define GFX_SURFACE_H
 
 #include <gfx/export.h>
 #include <gfx/memory.h>
 
-#include <cstddef>
 #include <cstdint>
 
 class GfxFontCache;
@@ -17,6 +17,9 @@ class GfxFontCache;
 /// first), 17 to 32 one colour word (bytes blue, green, red, alpha). Depth 0 stores nothing. Depth
 /// 1 is storage only, eight pixels a byte: no operation draws on it or reads from it, and as a
 /// source, mask or plane it draws nothing.
+///
+/// The grey of a colour is ((red + 2 green) * 307 + blue * 103) >> 10. 5-6-5 keeps each channel's
+/// top bits; reading repeats them below.
 ///
 /// Drawing is clipped silently to the clip rectangle; arguments may have any value. Drawing
 /// operations clear the `empty` flag once something is left after clipping, also when no pixel
@@ -55,7 +58,7 @@ public:
 
     /// A surface without memory; call Initialise next. Null when fn_alloc delivers null.
     /// @param bitsPerPixel  0 to 32; it never changes afterwards.
-    /// @throws const char* "bpp < 33" for larger depths; what fn_alloc throws.
+    /// @throws const char* "bpp < 33" for larger depths; what a hook throws.
     static GfxSurface* New(unsigned int bitsPerPixel);
 
     /// Destroys a surface, returns all its memory and sets `s` to null; null is left alone.
@@ -68,8 +71,9 @@ public:
     /// Gives the surface zeroed memory of its own and resets the clip rectangle. What it held is
     /// released. Rows are padded to multiples of 16 bytes (depth 1: of 16 pixels).
     /// @param w,h  size in pixels.
-    /// @throws const char* for sizes that cannot be represented, before anything is released; what
-    ///         fn_alloc throws: the surface then holds no memory and draws nothing.
+    /// @throws const char* "dx <= INT_MAX", "dy <= INT_MAX", "row <= pitch" or "size <= ULONG_MAX"
+    ///         for sizes that cannot be represented, before anything is released; what a hook
+    ///         throws: the surface then holds no memory and draws nothing.
     void Initialise(unsigned int w, unsigned int h);
 
     /// Lays the surface over the host's memory and resets the clip rectangle. What it held is
@@ -79,9 +83,10 @@ public:
     ///                   alignment; may be a window into a larger picture, but then Clear zeroes
     ///                   what lies between the rows too. Null gives a surface without memory: it
     ///                   draws nothing and reads as 0.
-    /// @param rowBytes   bytes from one row to the next, at least a row's own size.
+    /// @param rowBytes   bytes from one row to the next, at least a row's own size (depth 1: w / 8,
+    ///                   rounded up).
     /// @param isEmpty    whether the memory is known to be all zero.
-    /// @throws as the other form.
+    /// @throws as the other form, "row <= pitch" when rowBytes is too small.
     void Initialise(unsigned int w, unsigned int h, void* buffer, unsigned int rowBytes,
                     bool isEmpty);
 
@@ -140,8 +145,9 @@ public:
     /// Pixel (x, y) as a colour word; 0 outside the clip rectangle.
     unsigned int RetPixelRGB(int x, int y) const;
 
-    /// The colour at (x + fx, y + fy), interpolated between four pixels, per channel and truncated
-    /// to 0..255. Pixels outside the clip rectangle take no part; 0 when all four are.
+    /// The colour at (x + fx, y + fy), interpolated between four pixels per channel: each column is
+    /// top + (bottom - top) * fy, the result left + (right - left) * fx, truncated to 0..255.
+    /// Pixels outside the clip rectangle take no part; 0 when all four are.
     /// @param fx,fy  weights of column x + 1 and row y + 1, not limited to 0..1. A channel that
     ///               comes out as NaN counts as 0.
     unsigned int RetPixelMergeRGB(int x, int y, double fx, double fy) const;
@@ -195,8 +201,7 @@ public:
                         double transparency, const GfxSurface* src, bool tile);
 
     /// Copies one byte of every pixel's colour word into a surface of depth 8.
-    /// @param planeX,planeY  plane pixel that belongs to (x, y); what lies outside the plane is
-    /// cut.
+    /// @param planeX,planeY  plane pixel that belongs to (x, y); cut at the plane's edges.
     /// @param plane          receives the bytes; null or another depth does nothing.
     /// @param which          the byte; values without a name take the blue one.
     void RectExtract(int x, int y, unsigned int w, unsigned int h, int planeX, int planeY,
@@ -225,7 +230,7 @@ public:
     /// Draws a line between two pixels, both included; the reversed line gives the same pixels.
     /// Each pixel is written as by SetPixelRGBBlend.
     /// @throws const char* "dx < MAX_LINE_LENGTH" or "dy < MAX_LINE_LENGTH" when the larger extent
-    ///         is 10000 or more, before anything is drawn; what fn_alloc throws.
+    ///         is 10000 or more, before anything is drawn; what a hook throws.
     void DrawLine(int x0, int y0, int x1, int y1, unsigned int color);
 
     /// Draws a dashed line.
@@ -237,10 +242,12 @@ public:
                   int count);
 
     /// Draws an anti-aliased line: at each step along its longer axis two neighbouring pixels share
-    /// the colour by the line's exact position. Otherwise as DrawLine.
+    /// the colour by the line's exact position. With f the dot's fraction, a the colour's alpha and
+    /// w = 256 - a', the pixel at the dot's minor coordinate gets the alpha 255 - ((255 - f) w >>
+    /// 8), the next one 255 - (f w >> 8). Otherwise as DrawLine.
     void DrawAALine(int x0, int y0, int x1, int y1, unsigned int color);
 
-    /// Draws a dashed anti-aliased line.
+    /// Draws a dashed anti-aliased line; see the dashed DrawLine.
     void DrawAALine(int x0, int y0, int x1, int y1, unsigned int color,
                     const unsigned short* pattern, int count);
 
@@ -346,7 +353,7 @@ protected:
     void ComputeLineDotsDY(unsigned int x0, unsigned int y0, int rise, unsigned int stepCount,
                            double offset);
 
-    std::uint8_t* surface;           ///< first byte of row 0; null without pixel memory
+    std::uint8_t* surface;           ///< first byte of pixel memory, row 0 here; null without any
     std::uint32_t* rgbLine;          ///< scratch row of colour words, allocDX long
     std::uint8_t** lines;            ///< row table, allocDY long; null without memory
     LineDot* dots;                   ///< dots buffer of the line drawers; null until needed
@@ -374,6 +381,10 @@ private:
     /// RectCopy where formats differ, a colour key is on, or the source may repeat.
     void CopyConverted(int x, int y, unsigned int w, unsigned int h, int srcX, int srcY,
                        const GfxSurface& from, bool tile);
+
+    bool IsInsideClip(int x, int y) const {
+        return x >= clipX0 && x < clipX1 && y >= clipY0 && y < clipY1;
+    }
 
     /// Whether drawing neither writes nor reads here: depths 0 and 1, and surfaces without memory.
     bool StoresNothing() const;

@@ -127,9 +127,9 @@ void GfxFontCache::CharToUnicode() {
     for (int i = 0; i < count && open.charMap == nullptr; ++i) {
         gfx::CharMapId id = {};
         if (!gfx::ReadCharMapId(open.face, i, id)) continue;
-        const bool isUnicode = (id.platform == 3 && id.encoding == 1) ||  //
-                               (id.platform == 0 && id.encoding == 0);
-        if (isUnicode) open.charMap = gfx::SelectCharMap(open.face, i);
+        const bool isWindowsUnicode = id.platform == 3 && id.encoding == 1;
+        const bool isUnicodeDefault = id.platform == 0 && id.encoding == 0;
+        if (isWindowsUnicode || isUnicodeDefault) open.charMap = gfx::SelectCharMap(open.face, i);
     }
     if (open.charMap == nullptr) return;
     for (unsigned code = 0; code < gfx::kCodeCount; ++code) {

@@ -1,10 +1,11 @@
 // The glyph table, the bands that hold the images, and the filling of one record. Glyphs are never
 // evicted. What is asked of a glyph, and drawn, is decided elsewhere.
+#include <gfx/font_cache.h>
+
 #include <algorithm>
 #include <cstring>
 #include <new>
 
-#include <gfx/font_cache.h>
 #include <gfx/surface.h>
 
 #include "font/face_data.h"

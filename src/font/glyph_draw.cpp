@@ -1,7 +1,8 @@
 // The public glyph operations: delivering a glyph and drawing it upright or turned.
+#include <gfx/font_cache.h>
+
 #include <algorithm>
 
-#include <gfx/font_cache.h>
 #include <gfx/surface.h>
 
 namespace {

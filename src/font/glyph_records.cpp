@@ -1,8 +1,9 @@
 // The glyph records: their life, and the rounding of what the engine measured.
+#include "font/glyph_geometry.h"
+
 #include <algorithm>
 #include <limits>
 
-#include "font/glyph_geometry.h"
 #include "memory/hook_block.h"
 
 namespace {

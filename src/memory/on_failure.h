@@ -1,4 +1,5 @@
-// Runs an action when a scope is left by an exception, without catching it.
+// Runs an action when a scope is left before it has succeeded: by an exception, which is not
+// caught, or by a return.
 #ifndef GFX_MEMORY_ON_FAILURE_H
 #define GFX_MEMORY_ON_FAILURE_H
 

@@ -115,6 +115,7 @@ void GfxSurface::DrawAALine(int x0, int y0, int x1, int y1, unsigned int color,
     const LineWalk walk = gfx::WalkOf(x0, y0, x1, y1);
     if (walk.steps == 0) return SetPixelRGBBlend(x0, y0, color);
     CheckLength(walk, MAX_LINE_LENGTH);
+    // For every line: whether one can be drawn must not depend on its slope.
     if (dots == nullptr) AllocDotsBuffer();
     const DashPattern dashes{pattern, count};
     const LineColor lineColor(color);

@@ -18,11 +18,10 @@
 //   even. If that quotient is a power of two, the recurrence is exact and so is the fixed point.
 //   Otherwise its rounding decides: such lines are left to it. Other distances exceed 1 / (2 n).
 // - Falling, anti-aliased: ties where i d / n is whole. The recurrence may then hold (p - 1, 255)
-//   where the closed form gives (p, 0). Both draw the same two pixels in the same way: pixel p
-//   takes the full share and its neighbour none.
-// - The fraction byte trunc(f * 255.99): a tie needs f = 100 k / 25599 in lowest terms j / n', so
-// n'
-//   divides 25599 = 3 * 7 * 23 * 53 and 100 divides j < n': n' is one of 159, 161, 371, 483, 1113,
+//   where the closed form gives (p, 0). Both give pixel p the full share and their other pixel,
+//   p - 1 or p + 1, none: only the clip test can tell them apart (IsTouchCertain in aa_line.cpp).
+// - The fraction byte trunc(f * 255.99): a tie needs f = 100 k / 25599, in lowest terms j / m. So
+//   m divides 25599 = 3 * 7 * 23 * 53 and 100 divides j < m: m is one of 159, 161, 371, 483, 1113,
 //   1219, 3657, 8533. All are multiples of 159, 161, 371 or 1219: lines whose n is such a multiple
 //   are left to the recurrence. Other distances are at least 1 / (25599 n) > 3.9e-9.
 //

@@ -12,7 +12,7 @@ inline constexpr std::uint32_t kUnitOpacity = 256;
 /// Beyond it every product with a share of 255 is far above 255 anyway, and none wraps.
 inline constexpr std::uint32_t kMaxOpacityScale = 65536;
 
-/// k = trunc(256 (1 - f) + 0.5), f at most 1. NaN counts as 0.
+/// k = trunc(256 (1 - transparency) + 0.5), 0 from 1 on. NaN counts as 0.
 inline std::uint32_t OpacityScale(double transparency) {
     if (transparency != transparency) return kUnitOpacity;
     if (transparency > 1.0) return 0;

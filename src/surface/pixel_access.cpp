@@ -41,7 +41,7 @@ std::uint32_t Pack(const Channels& color) {
 }  // namespace
 
 void GfxSurface::SetPixelRGB(int x, int y, unsigned int color) {
-    if (x < clipX0 || x >= clipX1 || y < clipY0 || y >= clipY1) return;
+    if (!IsInsideClip(x, y)) return;
     empty = false;
     gfx::WithFormat(gfx::StorageOf(depth, pixelShift, lines), [&]<class Format>(Format) {
         StorePixel<Format>(lines[y], static_cast<std::size_t>(x), Format::FromRgb(color));
@@ -49,7 +49,7 @@ void GfxSurface::SetPixelRGB(int x, int y, unsigned int color) {
 }
 
 void GfxSurface::SetPixelRGBBlend(int x, int y, unsigned int color) {
-    if (x < clipX0 || x >= clipX1 || y < clipY0 || y >= clipY1) return;
+    if (!IsInsideClip(x, y)) return;
     empty = false;
     gfx::WithFormat(gfx::StorageOf(depth, pixelShift, lines), [&]<class Format>(Format) {
         gfx::BlendInto<Format>(lines[y], static_cast<std::size_t>(x), color & 0x00FFFFFF,
@@ -59,7 +59,7 @@ void GfxSurface::SetPixelRGBBlend(int x, int y, unsigned int color) {
 
 unsigned int GfxSurface::RetPixelRGB(int x, int y) const {
     std::uint32_t color = 0;
-    if (x < clipX0 || x >= clipX1 || y < clipY0 || y >= clipY1) return color;
+    if (!IsInsideClip(x, y)) return color;
     gfx::WithFormat(gfx::StorageOf(depth, pixelShift, lines), [&]<class Format>(Format) {
         color = Format::ToRgb(LoadPixel<Format>(lines[y], static_cast<std::size_t>(x)), alpha);
     });

@@ -67,9 +67,8 @@ void GfxSurface::RectCopy(int x, int y, unsigned int w, unsigned int h, int srcX
     const gfx::ClippedRect& rect = transfer.rect;
     const auto key =
         transparent ? StoredKeyOf(source, transparentColor, from.alpha) : StoredKey{false, 0};
-    const gfx::WriteStep step = key.exists
-                                    ? gfx::WriteStep{nullptr, own.fromWordsKeyed, transparentColor}
-                                    : gfx::WriteStep{own.fromWords, nullptr, 0};
+    const gfx::WriteStep step = key.exists ? gfx::WriteStep(own.fromWordsKeyed, transparentColor)
+                                           : gfx::WriteStep(own.fromWords);
     if (source == target && !key.exists) {
         if (!transfer.wraps) {
             return own.copy(transfer.Target(), transfer.Source(), rect.w, rect.h,
@@ -98,7 +97,7 @@ void GfxSurface::RectBlend(int x, int y, unsigned int w, unsigned int h, int src
     empty = false;
     const Storage target = transfer.TargetStorage();
     if (target == Storage::None || transfer.SourceStorage() == Storage::None) return;
-    transfer.WriteWords({gfx::Kernels()[target].blendWords, nullptr, 0});
+    transfer.WriteWords(gfx::WriteStep(gfx::Kernels()[target].blendWords));
 }
 
 void GfxSurface::RectBlendAlpha(int x, int y, unsigned int w, unsigned int h, int srcX, int srcY,
@@ -111,8 +110,8 @@ void GfxSurface::RectBlendAlpha(int x, int y, unsigned int w, unsigned int h, in
     const gfx::FormatKernels& kernels = gfx::Kernels()[target];
     const std::uint32_t opacity = gfx::OpacityScale(transparency);
     if (opacity <= gfx::kUnitOpacity) {
-        return transfer.WriteWords({nullptr, kernels.blendWordsScaled, opacity});
+        return transfer.WriteWords({kernels.blendWordsScaled, opacity});
     }
     // More opaque than it is: rare, and its products leave the 16 bits of the direct way.
-    transfer.ThroughScratchRow({kernels.blendWords, nullptr, 0}, 0, opacity);
+    transfer.ThroughScratchRow(gfx::WriteStep(kernels.blendWords), 0, opacity);
 }

@@ -14,14 +14,24 @@ namespace gfx {
 
 /// What happens to colour words on their way into the target: one kernel of its format, with or
 /// without an argument (a key, a scale).
-struct WriteStep {
-    unsigned (*plain)(PixelRows to, PixelRows words, unsigned w, unsigned h);
-    unsigned (*keyed)(PixelRows to, PixelRows words, unsigned w, unsigned h, std::uint32_t value);
-    std::uint32_t value;
+class WriteStep {
+public:
+    using Plain = unsigned (*)(PixelRows to, PixelRows words, unsigned w, unsigned h);
+    using Keyed = unsigned (*)(PixelRows to, PixelRows words, unsigned w, unsigned h,
+                               std::uint32_t value);
+
+    explicit WriteStep(Plain kernel) : plain_(kernel), isKeyed_(false) {}
+    WriteStep(Keyed kernel, std::uint32_t value) : keyed_(kernel), value_(value), isKeyed_(true) {}
 
     unsigned operator()(PixelRows to, PixelRows words, unsigned w, unsigned h) const {
-        return plain != nullptr ? plain(to, words, w, h) : keyed(to, words, w, h, value);
+        return isKeyed_ ? keyed_(to, words, w, h, value_) : plain_(to, words, w, h);
     }
+
+private:
+    Plain plain_ = nullptr;
+    Keyed keyed_ = nullptr;
+    std::uint32_t value_ = 0;
+    bool isKeyed_;
 };
 
 }  // namespace gfx

@@ -21,15 +21,18 @@ struct ClipColumns {
     int x0, x1;
 };
 
-/// Whether a run of n pixels from column x on meets the columns. The end is formed in 32 bits and
-/// read as signed: where it wraps it lies left of x, so that no column is left to write.
+/// Where a run of n pixels from column x on ends, formed in 32 bits and read as signed: where it
+/// wraps it lies left of x, so that no column is left to write.
+std::int32_t WrappedEnd(int x, unsigned n) {
+    return static_cast<std::int32_t>(static_cast<std::uint32_t>(x) + n);
+}
+
 bool MeetsColumns(int x, unsigned n, ClipColumns clip) {
-    const auto end = static_cast<std::int32_t>(static_cast<std::uint32_t>(x) + n);
-    return x < clip.x1 && end > clip.x0;
+    return x < clip.x1 && WrappedEnd(x, n) > clip.x0;
 }
 
 VisibleRun ClipRun(int x, unsigned n, ClipColumns clip) {
-    const auto end = static_cast<std::int32_t>(static_cast<std::uint32_t>(x) + n);
+    const std::int32_t end = WrappedEnd(x, n);
     const int first = x > clip.x0 ? x : clip.x0;
     const int last = end < clip.x1 ? end : clip.x1;
     if (last <= first) return {0, 0, 0};

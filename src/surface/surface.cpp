@@ -16,7 +16,8 @@ static_assert(std::endian::native == std::endian::little,
 
 namespace {
 
-constexpr std::uint32_t kRowAlignment = 16;  // bytes; also the step of SetNewSize in pixels
+constexpr std::uint32_t kRowAlignment = 16;  // bytes
+constexpr std::uint32_t kSizeStep = 16;      // pixels
 
 struct PixelSize {
     std::uint32_t bytes;
@@ -45,7 +46,7 @@ std::uint64_t PaddedPitch(unsigned depth, std::uint32_t bytesPerPixel, unsigned 
 
 /// The smallest multiple of 16 above `extent`.
 std::uint64_t GrownExtent(unsigned extent) {
-    return (std::uint64_t{extent} / kRowAlignment + 1) * kRowAlignment;
+    return (std::uint64_t{extent} / kSizeStep + 1) * kSizeStep;
 }
 
 /// Refuses what cannot be represented, before anything is released.

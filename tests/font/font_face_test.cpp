@@ -165,7 +165,7 @@ TEST(FontFace, Any_size_is_safe_and_bands_are_as_tall_as_the_em) {
             EXPECT_EQ(bandHeight, cache.bandHeight) << size;
             EXPECT_EQ(64, cache.bandWidth) << size;
             const Delivered glyph = Access(cache, 0x41);
-            EXPECT_EQ(bandHeight<1000, glyph.Width()> 0 && glyph.Height() > 0) << size;
+            EXPECT_EQ((bandHeight < 1000), glyph.Width() > 0 && glyph.Height() > 0) << size;
             EXPECT_EQ(bandHeight == 65535, glyph.geom.advance == 32767) << size;
         }
     }

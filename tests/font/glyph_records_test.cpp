@@ -1,7 +1,6 @@
 // The glyph records alone: construction, and the chain that a record owns.
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <new>
 #include <vector>
 

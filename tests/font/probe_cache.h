@@ -5,7 +5,6 @@
 #include <gfx/surface.h>
 
 #include <array>
-#include <ostream>
 
 namespace test {
 

@@ -1,3 +1,4 @@
+// The patching of font files, and the engine asked directly; see test_face.h.
 #include "font/test_face.h"
 
 #include <unistd.h>

@@ -1,8 +1,8 @@
 // Every table of row kernels that this processor can run, and the portable one, which is built into
-// the tests where the library itself does not use it.
+// the tests where the library itself does not use it; and the plain rule of alpha scaling.
 #pragma once
 
-#include <ostream>
+#include <algorithm>
 #include <vector>
 
 #include "surface/rows/row_dispatch.h"
@@ -17,6 +17,12 @@ inline std::vector<const gfx::RowKernels*> AllTables() {
     std::vector<const gfx::RowKernels*> all(tables, tables + count);
     all.push_back(&kRowKernelsPortable);
     return all;
+}
+
+/// The rule of scaleAlpha, which pixel_format.h does not hold.
+inline std::uint32_t PlainScale(std::uint32_t word, std::uint32_t k) {
+    const std::uint32_t share = (255 - gfx::AlphaOf(word)) * k >> 8;
+    return (255 - std::min<std::uint32_t>(share, 255)) << 24 | (word & 0x00FFFFFF);
 }
 
 }  // namespace test

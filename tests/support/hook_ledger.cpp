@@ -1,3 +1,4 @@
+// The ledger and its two hooks; see hook_ledger.h.
 #include "support/hook_ledger.h"
 
 #include <gtest/gtest.h>
@@ -19,12 +20,9 @@ constexpr unsigned char kGarbage = 0xA5;
 struct State {
     std::map<void*, unsigned long> live;
     std::size_t calls = 0;
-    std::size_t allocations = 0;
-    std::size_t bytes = 0;
     std::size_t faults = 0;
     std::size_t throwAt = 0;
     std::size_t throwAtAllocation = 0;
-    unsigned long lastSize = 0;
     bool deliverNull = false;
     bool tracing = false;
     std::vector<HookCall> trace;
@@ -45,8 +43,6 @@ void* Alloc(void* context, unsigned long size) {
     State& state = Ledger();
     if (context != &state) ++state.faults;
     ++state.calls;
-    ++state.allocations;
-    state.lastSize = size;
     const bool throwsAny = CountDown(state.throwAt);
     const bool throwsHere = CountDown(state.throwAtAllocation);
     if (throwsAny || throwsHere) throw HookFailure{};
@@ -61,7 +57,6 @@ void* Alloc(void* context, unsigned long size) {
     std::memset(raw + kFence, kGarbage, size);
     std::memset(raw + kFence + size, kFenceByte, kFence);
     state.live[raw + kFence] = size;
-    state.bytes += size;
     Record(true, size, raw + kFence);
     return raw + kFence;
 }
@@ -84,7 +79,6 @@ void Free(void* context, void* block) {
         auto* bytes = static_cast<unsigned char*>(block);
         if (!IsFenceWhole(bytes - kFence) || !IsFenceWhole(bytes + entry->second)) ++state.faults;
         Record(false, entry->second, block);
-        state.bytes -= entry->second;
         state.live.erase(entry);
         std::free(bytes - kFence);
     }
@@ -100,10 +94,7 @@ void HookLedger::Install() {
 }
 
 std::size_t HookLedger::LiveBlocks() { return Ledger().live.size(); }
-std::size_t HookLedger::LiveBytes() { return Ledger().bytes; }
 std::size_t HookLedger::Calls() { return Ledger().calls; }
-std::size_t HookLedger::Allocations() { return Ledger().allocations; }
-unsigned long HookLedger::LastSize() { return Ledger().lastSize; }
 void HookLedger::ThrowAt(std::size_t k) { Ledger().throwAt = k; }
 void HookLedger::ThrowAtAllocation(std::size_t k) { Ledger().throwAtAllocation = k; }
 void HookLedger::DeliverNullOnce() { Ledger().deliverNull = true; }

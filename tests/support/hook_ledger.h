@@ -22,11 +22,8 @@ public:
     /// Stores the ledger's functions in GfxMemory. Called once before the first test.
     static void Install();
 
-    static std::size_t LiveBlocks();   ///< blocks taken and not yet returned
-    static std::size_t LiveBytes();    ///< their requested sizes, added up
-    static std::size_t Calls();        ///< calls of either hook since the program began
-    static std::size_t Allocations();  ///< calls of fn_alloc since the program began
-    static unsigned long LastSize();   ///< size of the last request
+    static std::size_t LiveBlocks();  ///< blocks taken and not yet returned
+    static std::size_t Calls();       ///< calls of either hook since the program began
 
     /// The k-th call of either hook from now on throws HookFailure, once; 0 cancels. A fn_free that
     /// throws has taken its block back.

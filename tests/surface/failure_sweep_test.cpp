@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <string>
 
 #include "support/fenced_memory.h"
 #include "support/hook_ledger.h"
@@ -84,7 +83,7 @@ TEST(FailureSweep, A_hook_that_throws_at_any_call_leaves_everything_usable) {
     EXPECT_LT(k, 500u);
 }
 
-// What the failing calls do to a surface that held own memory and a dots buffer.
+// Every call that lays a surface out anew.
 const struct {
     const char* name;
     void (*act)(ProbeSurface&, FencedMemory&);

@@ -110,7 +110,7 @@ TEST(Lines, The_examples_plot_these_rows) {
             for (int y = 0; y < 20; ++y) {
                 const bool drawn = x <= c.dx && y == 9 + c.rows[static_cast<std::size_t>(x)];
                 EXPECT_EQ(drawn ? kInk : 0, across->RetPixelRGB(x, y)) << c.dx << ", " << c.dy;
-                // With equal extents both lines run along x and may differ in nothing.
+                // With equal extents both lines run along x: the same pixels all the same.
                 EXPECT_EQ(drawn ? kInk : 0, down->RetPixelRGB(y, x)) << c.dx << ", " << c.dy;
             }
         }

@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "surface/line_recurrence.h"
+
 namespace test {
 
 using Word = std::uint32_t;
@@ -20,6 +22,9 @@ struct Point {
     int x, y;
 };
 
+/// The 8 bits of a word from `shift` on.
+inline Word Byte(Word word, unsigned shift) { return (word >> shift) & 0xFF; }
+
 // The rules for one value.
 Word GreyOf(Word color);
 Word Pack565(Word color);
@@ -28,11 +33,6 @@ Word BlendStored(unsigned bytesPerPixel, Word stored, Word color);
 Word MaskedAlpha(Word colorAlpha, Word mask);
 Word ScaledAlpha(double transparency, Word alpha);
 bool IsLight(Word color);
-
-struct ModelDot {
-    std::int64_t minor;
-    unsigned fraction;
-};
 
 /// The dots of a line of `steps` steps from minor coordinate `start` + `offset`, rising by `rise`.
 std::vector<ModelDot> ModelDots(std::int64_t start, unsigned steps, int rise, double offset);

@@ -40,7 +40,7 @@ TEST(MaskedFill, Mask_pixels_stay_under_their_pixels) {
                   {0, 5, 10, "0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 "}};
     const SurfacePtr mask = Ramp(8, 10, 1);
     for (const auto& c : kCases) {
-        // White over black leaves 255 - m at the alphas of this mask, black its complement.
+        // White over black through a mask value m of at most 127 gives a grey of 255 - m.
         const SurfacePtr s = MakeSurface(32, 20, 1);
         s->RectFill(0, 0, 20, 1, 0x00000000);
         s->SetEmpty(true);

@@ -24,31 +24,31 @@ struct Noisy {
         std::generate_n(memory.Data(), size, [&] {
             return static_cast<std::uint8_t>(random() % 4 == 0 ? 128 : random());
         });
-        before.assign(memory.Data(), memory.Data() + size);
+        expected.assign(memory.Data(), memory.Data() + size);
     }
     GfxSurface::MemoryPtr Row() { return RowAt(memory.Data()); }
     Word WordAt(std::size_t i) const {
-        return Word{before[4 * i]} | Word{before[4 * i + 1]} << 8 | Word{before[4 * i + 2]} << 16 |
-               Word{before[4 * i + 3]} << 24;
+        return Word{expected[4 * i]} | Word{expected[4 * i + 1]} << 8 |
+               Word{expected[4 * i + 2]} << 16 | Word{expected[4 * i + 3]} << 24;
     }
     FencedMemory memory;
-    std::vector<std::uint8_t> before;  // becomes what is expected
+    std::vector<std::uint8_t> expected;  // a copy, changed into what the test expects
 };
 
 void PutWord(Noisy& row, std::size_t i, Word word) {
     for (unsigned k = 0; k < 4; ++k)
-        row.before[4 * i + k] = static_cast<std::uint8_t>(word >> (8 * k));
+        row.expected[4 * i + k] = static_cast<std::uint8_t>(word >> (8 * k));
 }
 
 void PutBit(Noisy& row, unsigned bit, bool on) {
-    std::uint8_t& byte = row.before[bit / 8];
+    std::uint8_t& byte = row.expected[bit / 8];
     byte = static_cast<std::uint8_t>(on ? byte | 0x80 >> bit % 8 : byte & ~(0x80 >> bit % 8));
 }
 
 void ExpectRow(const Noisy& row, const char* what, unsigned x, unsigned n, unsigned value) {
     const std::uint8_t* got = row.memory.Row(0);
-    for (std::size_t i = 0; i < row.before.size(); ++i)
-        ASSERT_EQ(row.before[i], got[i])
+    for (std::size_t i = 0; i < row.expected.size(); ++i)
+        ASSERT_EQ(row.expected[i], got[i])
             << what << ", x " << x << ", n " << n << ", " << value << ": byte " << i;
     ASSERT_TRUE(row.memory.IsFenceWhole()) << what << ", x " << x << ", n " << n;
 }
@@ -70,7 +70,7 @@ TEST(RowConversion, ConvertTileToRGB_wraps_at_the_width) {
             Model model(bits);
             Noisy colors(random, 4 * n, 1), pixels(random, width * s.bytesPerPixel, 1);
             s.Initialise(width, 1);
-            model.InitialiseOver(width, 1, pixels.before.data(), width * s.bytesPerPixel, false);
+            model.InitialiseOver(width, 1, pixels.expected.data(), width * s.bytesPerPixel, false);
             for (unsigned i = 0; i < n; ++i)
                 PutWord(colors, i, model.Read((x + i) % width, 0));
             s.ConvertTileToRGB(pixels.Row(), colors.Row(), x, n);
@@ -91,12 +91,12 @@ TEST(RowConversion, Bytes_move_out_of_and_into_colour_words) {
             const auto keep = static_cast<Word>(random());
             Noisy out = bytes;
             for (unsigned i = 0; i < n; ++i)
-                out.before[x + i] =
+                out.expected[x + i] =
                     static_cast<std::uint8_t>(shift > 31 ? 0 : colors.WordAt(i) >> shift);
             s.ExtractFromRGB(colors.Row(), out.Row(), x, n, shift);
             ExpectRow(out, "ExtractFromRGB", x, n, shift);
             for (unsigned i = 0; i < n; ++i) {
-                const Word byte = shift > 31 ? 0 : Word{bytes.before[x + i]} << shift;
+                const Word byte = shift > 31 ? 0 : Word{bytes.expected[x + i]} << shift;
                 PutWord(colors, i, byte | (colors.WordAt(i) & keep));
             }
             s.InsertIntoRGB(bytes.Row(), colors.Row(), x, n, shift, keep);
@@ -118,14 +118,14 @@ TEST(RowConversion, Bits_move_out_of_and_into_colour_words) {
         ExpectRow(light, "ExtractMonoFromRGB", x, n, 0);
 
         for (unsigned byte = x / 8; n > 0 && byte <= (x + n - 1) / 8; ++byte)
-            clear.before[byte] = 0;
+            clear.expected[byte] = 0;
         for (unsigned i = 0; i < n; ++i)
             PutBit(clear, x + i, opaque(i));
         s.ExtractMonoAlphaFromRGB(colors.Row(), clear.memory.Data(), x, n);
         ExpectRow(clear, "ExtractMonoAlphaFromRGB", x, n, 0);
 
         for (unsigned i = 0; i < n; ++i) {
-            const bool isSet = bits.before[(x + i) / 8] & 0x80 >> (x + i) % 8;
+            const bool isSet = bits.expected[(x + i) / 8] & 0x80 >> (x + i) % 8;
             PutWord(colors, i, isSet ? 0x00000000 : 0x00FFFFFF);
         }
         s.InsertMonoIntoRGB(bits.memory.Row(0), colors.Row(), x, n);

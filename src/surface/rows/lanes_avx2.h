@@ -49,12 +49,6 @@ struct Lanes256 : BasicLanes<Register256> {
     static U32 LoadBytesAsWords(const std::uint8_t* p, Some s) {
         return AsWords(_mm256_cvtepu8_epi32(Register128::Load<1>(p, s.n)));
     }
-    static U32 LoadHalvesAsWords(const std::uint8_t* p, All) {
-        return AsWords(_mm256_cvtepu16_epi32(Register128::Load(p)));
-    }
-    static U32 LoadHalvesAsWords(const std::uint8_t* p, Some s) {
-        return AsWords(_mm256_cvtepu16_epi32(Register128::Load<2>(p, s.n)));
-    }
     static void StoreHalvesAsBytes(std::uint8_t* p, U16 v, All) {
         Register128::Store(p, NarrowHalves(v));
     }

@@ -97,12 +97,6 @@ struct MaskedLanes256 : BasicLanes<MaskedRegister256> {
     static U32 LoadBytesAsWords(const std::uint8_t* p, Some s) {
         return AsWords(_mm256_cvtepu8_epi32(Load128(p, s.n)));
     }
-    static U32 LoadHalvesAsWords(const std::uint8_t* p, All) {
-        return AsWords(_mm256_cvtepu16_epi32(Load128(p)));
-    }
-    static U32 LoadHalvesAsWords(const std::uint8_t* p, Some s) {
-        return AsWords(_mm256_cvtepu16_epi32(Load128(p, 2 * s.n)));
-    }
     /// Halves must not exceed 255.
     static void StoreHalvesAsBytes(std::uint8_t* p, U16 v, All) {
         _mm_storeu_si128(reinterpret_cast<__m128i*>(p), _mm256_cvtepi16_epi8(AsRaw(v)));
@@ -151,12 +145,6 @@ struct Lanes512 : BasicLanes<Register512> {
     }
     static U32 LoadBytesAsWords(const std::uint8_t* p, Some s) {
         return AsWords(_mm512_cvtepu8_epi32(Load128(p, s.n)));
-    }
-    static U32 LoadHalvesAsWords(const std::uint8_t* p, All) {
-        return AsWords(_mm512_cvtepu16_epi32(MaskedRegister256::Load(p)));
-    }
-    static U32 LoadHalvesAsWords(const std::uint8_t* p, Some s) {
-        return AsWords(_mm512_cvtepu16_epi32(MaskedRegister256::Load<2>(p, s.n)));
     }
     static void StoreHalvesAsBytes(std::uint8_t* p, U16 v, All) {
         MaskedRegister256::Store(p, _mm512_cvtepi16_epi8(AsRaw(v)));

@@ -44,12 +44,6 @@ struct PortableLanes : BasicLanes<PortableRegister> {
     static U32 LoadBytesAsWords(const std::uint8_t* p, Some s) {
         return WidenHalves(WidenBytes(PortableRegister::Load<1>(p, s.n)));
     }
-    static U32 LoadHalvesAsWords(const std::uint8_t* p, All) {
-        return WidenHalves(AsHalves(Raw{LoadAs<std::uint64_t>(p), 0}));
-    }
-    static U32 LoadHalvesAsWords(const std::uint8_t* p, Some s) {
-        return WidenHalves(AsHalves(PortableRegister::Load<2>(p, s.n)));
-    }
     /// Halves must not exceed 255.
     static void StoreHalvesAsBytes(std::uint8_t* p, U16 v, All) {
         StoreAs<std::uint64_t>(p, AsRaw(NarrowHalves(v))[0]);

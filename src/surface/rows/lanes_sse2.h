@@ -59,12 +59,6 @@ struct Lanes128 : BasicLanes<Register128> {
     static U32 LoadBytesAsWords(const std::uint8_t* p, Some s) {
         return AsWords(WidenHalves(WidenBytes(Register128::Load<1>(p, s.n))));
     }
-    static U32 LoadHalvesAsWords(const std::uint8_t* p, All) {
-        return AsWords(WidenHalves(Register128::LoadLow(p)));
-    }
-    static U32 LoadHalvesAsWords(const std::uint8_t* p, Some s) {
-        return AsWords(WidenHalves(Register128::Load<2>(p, s.n)));
-    }
     /// Halves must not exceed 255.
     static void StoreHalvesAsBytes(std::uint8_t* p, U16 v, All) {
         const __m128i bytes = _mm_packus_epi16(AsRaw(v), AsRaw(v));

@@ -69,18 +69,20 @@ struct FirstUse<kStorage, kEntry> {
 
 template <Storage kStorage>
 constexpr FormatKernels FirstUseKernels() {
-    return {FirstUse<kStorage, &FormatKernels::fill>::Call,
-            FirstUse<kStorage, &FormatKernels::blendColor>::Call,
-            FirstUse<kStorage, &FormatKernels::blendMask8>::Call,
-            FirstUse<kStorage, &FormatKernels::blendMask32>::Call,
-            FirstUse<kStorage, &FormatKernels::copy>::Call,
-            FirstUse<kStorage, &FormatKernels::copyKeyed>::Call,
-            FirstUse<kStorage, &FormatKernels::toWords>::Call,
-            FirstUse<kStorage, &FormatKernels::fromWords>::Call,
-            FirstUse<kStorage, &FormatKernels::fromWordsKeyed>::Call,
-            FirstUse<kStorage, &FormatKernels::blendWords>::Call,
-            FirstUse<kStorage, &FormatKernels::blendWordsScaled>::Call,
-            FirstUse<kStorage, &FormatKernels::toDisplay555>::Call};
+    return {
+        .fill = FirstUse<kStorage, &FormatKernels::fill>::Call,
+        .blendColor = FirstUse<kStorage, &FormatKernels::blendColor>::Call,
+        .blendMask8 = FirstUse<kStorage, &FormatKernels::blendMask8>::Call,
+        .blendMask32 = FirstUse<kStorage, &FormatKernels::blendMask32>::Call,
+        .copy = FirstUse<kStorage, &FormatKernels::copy>::Call,
+        .copyKeyed = FirstUse<kStorage, &FormatKernels::copyKeyed>::Call,
+        .toWords = FirstUse<kStorage, &FormatKernels::toWords>::Call,
+        .fromWords = FirstUse<kStorage, &FormatKernels::fromWords>::Call,
+        .fromWordsKeyed = FirstUse<kStorage, &FormatKernels::fromWordsKeyed>::Call,
+        .blendWords = FirstUse<kStorage, &FormatKernels::blendWords>::Call,
+        .blendWordsScaled = FirstUse<kStorage, &FormatKernels::blendWordsScaled>::Call,
+        .toDisplay555 = FirstUse<kStorage, &FormatKernels::toDisplay555>::Call,
+    };
 }
 
 constinit const RowKernels kFirstUse = {

@@ -27,7 +27,7 @@ struct BlockKernels {
     static unsigned BlendMask8(PixelRows to, PixelRows mask, unsigned w, unsigned h, Word color) {
         const auto colors = F::SplatColor(color);
         const Word alpha = AlphaOf(color);
-        if (alpha == 0) {
+        if (alpha == 0) {  // under an opaque colour the mask is the alpha
             return WalkRowPairs<Format, Grey8, F::kPixels>(
                 to, mask, w, h, [=](std::uint8_t* p, const std::uint8_t* m, auto count) {
                     F::Store(p, F::Mix(F::Load(p, count), colors, F::LoadMask(m, count)), count);
@@ -179,19 +179,19 @@ constexpr unsigned kHeavyBlocks = 1;
 
 template <class F, auto kWide, auto kNarrow>
 void PickUpdate(PixelRows to, unsigned w, unsigned h, Word value) {
-    w <= kLightBlocks* F::kPixels ? kNarrow(to, w, h, value) : kWide(to, w, h, value);
+    w <= (kLightBlocks * F::kPixels) ? kNarrow(to, w, h, value) : kWide(to, w, h, value);
 }
 
 template <class F, auto kWide, auto kNarrow>
 void PickCopy(PixelRows to, PixelRows from, unsigned w, unsigned h, bool upwards) {
-    w <= kLightBlocks* F::kPixels ? kNarrow(to, from, w, h, upwards)
-                                  : kWide(to, from, w, h, upwards);
+    w <= (kLightBlocks * F::kPixels) ? kNarrow(to, from, w, h, upwards)
+                                     : kWide(to, from, w, h, upwards);
 }
 
 template <class F, unsigned kBlocks, auto kWide, auto kNarrow, class... Value>
 unsigned PickPair(PixelRows to, PixelRows from, unsigned w, unsigned h, Value... value) {
-    return w <= kBlocks * F::kPixels ? kNarrow(to, from, w, h, value...)
-                                     : kWide(to, from, w, h, value...);
+    return w <= (kBlocks * F::kPixels) ? kNarrow(to, from, w, h, value...)
+                                       : kWide(to, from, w, h, value...);
 }
 
 template <template <class> class FormatLanes>
@@ -202,18 +202,20 @@ struct FormatTable {
     using N = BlockKernels<FormatLanes, Narrow>;
 
     static constexpr FormatKernels kTable = {
-        PickUpdate<F, Fill<Format, Wide>, Fill<Format, Narrow>>,
-        PickUpdate<F, BlendColor<FormatLanes<Wide>>, BlendColor<F>>,
-        PickPair<F, kHeavyBlocks, W::BlendMask8, N::BlendMask8, Word>,
-        PickPair<F, kHeavyBlocks, W::BlendMask32, N::BlendMask32, Word>,
-        PickCopy<F, Copy<Format, Wide>, Copy<Format, Narrow>>,
-        PickPair<F, kLightBlocks, W::CopyKeyed, N::CopyKeyed, Word>,
-        PickPair<F, kLightBlocks, W::ToWords, N::ToWords, Word>,
-        PickPair<F, kLightBlocks, W::FromWords, N::FromWords>,
-        PickPair<F, kLightBlocks, W::FromWordsKeyed, N::FromWordsKeyed, Word>,
-        PickPair<F, kHeavyBlocks, W::BlendWords, N::BlendWords>,
-        PickPair<F, kHeavyBlocks, W::BlendWordsScaled, N::BlendWordsScaled, Word>,
-        ToDisplay555<Format>};
+        .fill = PickUpdate<F, Fill<Format, Wide>, Fill<Format, Narrow>>,
+        .blendColor = PickUpdate<F, BlendColor<FormatLanes<Wide>>, BlendColor<F>>,
+        .blendMask8 = PickPair<F, kHeavyBlocks, W::BlendMask8, N::BlendMask8, Word>,
+        .blendMask32 = PickPair<F, kHeavyBlocks, W::BlendMask32, N::BlendMask32, Word>,
+        .copy = PickCopy<F, Copy<Format, Wide>, Copy<Format, Narrow>>,
+        .copyKeyed = PickPair<F, kLightBlocks, W::CopyKeyed, N::CopyKeyed, Word>,
+        .toWords = PickPair<F, kLightBlocks, W::ToWords, N::ToWords, Word>,
+        .fromWords = PickPair<F, kLightBlocks, W::FromWords, N::FromWords>,
+        .fromWordsKeyed = PickPair<F, kLightBlocks, W::FromWordsKeyed, N::FromWordsKeyed, Word>,
+        .blendWords = PickPair<F, kHeavyBlocks, W::BlendWords, N::BlendWords>,
+        .blendWordsScaled =
+            PickPair<F, kHeavyBlocks, W::BlendWordsScaled, N::BlendWordsScaled, Word>,
+        .toDisplay555 = ToDisplay555<Format>,
+    };
 };
 
 /// A format that stores nothing: every kernel does nothing and has done all rows.
@@ -223,9 +225,20 @@ struct NoTable {
     static unsigned CombineWith(PixelRows, PixelRows, unsigned, unsigned h, Word) { return h; }
     static void Copy(PixelRows, PixelRows, unsigned, unsigned, bool) {}
 
-    static constexpr FormatKernels kTable = {Update,      Update,      CombineWith, CombineWith,
-                                             Copy,        CombineWith, CombineWith, Combine,
-                                             CombineWith, Combine,     CombineWith, Combine};
+    static constexpr FormatKernels kTable = {
+        .fill = Update,
+        .blendColor = Update,
+        .blendMask8 = CombineWith,
+        .blendMask32 = CombineWith,
+        .copy = Copy,
+        .copyKeyed = CombineWith,
+        .toWords = CombineWith,
+        .fromWords = Combine,
+        .fromWordsKeyed = CombineWith,
+        .blendWords = Combine,
+        .blendWordsScaled = CombineWith,
+        .toDisplay555 = Combine,
+    };
 };
 
 constexpr RowKernels MakeRowKernels(const char* name) {

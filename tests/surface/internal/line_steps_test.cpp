@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <random>
 
+#include "surface/line_recurrence.h"
 #include "surface/line_walk.h"
 
 namespace test {
@@ -14,44 +15,12 @@ namespace {
 using gfx::FixedSteps;
 using gfx::LineWalk;
 
-struct Dot {
-    std::int32_t minor;
-    std::uint32_t fraction;
-};
-
-/// The recurrence, one dot at a time.
-class Recurrence {
-public:
-    Recurrence(const LineWalk& walk, double offset)
-        : minor_(walk.minorStart),
-          fraction_(offset),
-          slope_(static_cast<double>(walk.Rise()) / static_cast<double>(walk.steps)) {}
-
-    Dot Next() {
-        const Dot dot{minor_, static_cast<std::uint32_t>(static_cast<int>(fraction_ * 255.99))};
-        fraction_ += slope_;
-        if (slope_ >= 0.0 && fraction_ >= 0.9999) {
-            ++minor_;
-            fraction_ -= 1.0;
-        } else if (slope_ < 0.0 && fraction_ < 0.0) {
-            --minor_;
-            fraction_ += 1.0;
-        }
-        return dot;
-    }
-
-private:
-    std::int32_t minor_;
-    double fraction_;
-    double slope_;
-};
-
 /// Where two anti-aliased dots put their near and far shares: (p, 0) and (p - 1, 255) both give all
 /// of it to pixel p.
-bool DrawTheSame(const LineWalk& walk, const Dot& a, const Dot& b) {
+bool DrawTheSame(const LineWalk& walk, const ModelDot& a, const ModelDot& b) {
     if (a.minor == b.minor && a.fraction == b.fraction) return true;
     if (walk.isRising) return false;
-    const auto isWhole = [](const Dot& low, const Dot& high) {
+    const auto isWhole = [](const ModelDot& low, const ModelDot& high) {
         return low.minor == high.minor - 1 && low.fraction == 255 && high.fraction == 0;
     };
     return isWhole(a, b) || isWhole(b, a);
@@ -65,10 +34,10 @@ std::string Name(const LineWalk& walk, unsigned i) {
 void ComparePlain(const LineWalk& walk) {
     if (!FixedSteps::ServesPlain(walk)) return;
     FixedSteps steps = FixedSteps::Plain(walk);
-    Recurrence dots(walk, 0.5);
+    LineRecurrence dots(walk.minorStart, 0.5, walk.steps, walk.Rise());
     steps.MoveTo(0);
     for (unsigned i = 0; i <= walk.steps; ++i, steps.Advance()) {
-        const Dot dot = dots.Next();
+        const ModelDot dot = dots.Next();
         if (dot.minor != steps.Minor()) {
             FAIL() << Name(walk, i) << ": expected " << dot.minor << ", got " << steps.Minor();
         }
@@ -78,11 +47,11 @@ void ComparePlain(const LineWalk& walk) {
 void CompareSmooth(const LineWalk& walk) {
     if (!FixedSteps::ServesSmooth(walk)) return;
     FixedSteps steps = FixedSteps::Smooth(walk);
-    Recurrence dots(walk, 0.0);
+    LineRecurrence dots(walk.minorStart, 0.0, walk.steps, walk.Rise());
     steps.MoveTo(0);
     for (unsigned i = 0; i <= walk.steps; ++i, steps.Advance()) {
-        const Dot dot = dots.Next();
-        const Dot got{steps.Minor(), steps.Fraction()};
+        const ModelDot dot = dots.Next();
+        const ModelDot got{steps.Minor(), steps.Fraction()};
         if (!DrawTheSame(walk, dot, got)) {
             FAIL() << Name(walk, i) << ": expected (" << dot.minor << ", " << dot.fraction
                    << "), got (" << got.minor << ", " << got.fraction << ")";
