@@ -39,8 +39,8 @@ void PaintGlyphAlpha(std::vector<std::uint32_t>& words, Random& random) {
     }
 }
 
-/// Discs of radius 28 on a grid of 64, their rims fading over three pixels: seven pixels of eight are
-/// all visible or all invisible, in runs as sprites have them.
+/// Discs of radius 28 on a grid of 64, their rims fading over three pixels: seven pixels of eight
+/// are all visible or all invisible, in runs as sprites have them.
 void PaintSpriteAlpha(std::vector<std::uint32_t>& words, int width) {
     for (std::size_t i = 0; i < words.size(); ++i) {
         const double x = static_cast<int>(i % width) % 64 - 31.5;

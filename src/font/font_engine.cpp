@@ -31,9 +31,15 @@ EngineInstance StartEngine() {
     FT_Library engine = nullptr;
     if (FT_Init_FreeType(&engine) != 0) return nullptr;
     // The engine lets an environment variable choose how glyphs are hinted; glyphs must not depend
-    // on it. An engine built without this choice refuses the call and has the one way only.
-    FT_UInt version = TT_INTERPRETER_VERSION_40;
-    FT_Property_Set(engine, "truetype", "interpreter-version", &version);
+    // on it. A driver that does not know a property refuses the call and has the one way only.
+    FT_UInt interpreter = TT_INTERPRETER_VERSION_40;
+    FT_Property_Set(engine, "truetype", "interpreter-version", &interpreter);
+    FT_UInt outlineHinting = FT_HINTING_ADOBE;
+    FT_Bool isUndarkened = 1;
+    for (const char* driver : {"cff", "type1", "t1cid", "autofitter"}) {
+        FT_Property_Set(engine, driver, "hinting-engine", &outlineHinting);
+        FT_Property_Set(engine, driver, "no-stem-darkening", &isUndarkened);
+    }
     return engine;
 }
 

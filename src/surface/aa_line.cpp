@@ -58,7 +58,12 @@ void PlotInner(const LineTarget& target, const LineWalk& walk, const Steps& step
     if (walk.isAlongX) {
         return gfx::WalkSteps(walk, steps, range, [=](int x, int y, const Steps& at) {
             const std::size_t offset = static_cast<std::size_t>(x) * kSize;
-            blend(lines[y] + offset, lines[y + 1] + offset, at.Fraction());
+            std::uint8_t* const near = lines[y] + offset;
+            std::uint8_t* const far = lines[y + 1] + offset;
+            if (near != far) return blend(near, far, at.Fraction());
+            // A derived surface may show one row twice: its pixel takes one share after the other.
+            gfx::BlendInto<Format>(near, 0, color.rgb, color.NearAlpha(at.Fraction()));
+            gfx::BlendInto<Format>(far, 0, color.rgb, color.FarAlpha(at.Fraction()));
         });
     }
     gfx::WalkSteps(walk, steps, range, [=](int y, int x, const Steps& at) {

@@ -8,14 +8,21 @@ namespace {
 
 using gfx::PixelRows;
 
-/// Runs a kernel row by row: display memory has a pitch and no row table.
-template <class Kernel>
-void BlitRows(PixelRows from, unsigned w, unsigned h, void* dest, unsigned destPitch,
-              Kernel kernel) {
-    auto* row = static_cast<std::uint8_t*>(dest);
+/// Stores each pixel of a 32-bit row as 5-6-5 in turn, whatever memory the two share.
+void ConvertInOrder(std::uint8_t* to, const std::uint8_t* from, unsigned w) {
+    for (std::size_t i = 0; i < w; ++i) {
+        const std::uint32_t color = gfx::LoadPixel<gfx::Color32>(from, i);
+        gfx::StorePixel<gfx::Rgb565>(to, i, gfx::RgbToPixel16(color));
+    }
+}
+
+/// Calls blit(row of display memory, source row) for each row: display memory has a pitch and no
+/// row table.
+template <class Blit>
+void BlitRows(PixelRows from, unsigned h, void* dest, unsigned destPitch, Blit blit) {
     for (unsigned j = 0; j < h; ++j) {
-        kernel(PixelRows{&row, 0}, PixelRows{from.lines + j, from.x}, w, 1U);
-        row += destPitch;
+        std::uint8_t* row = static_cast<std::uint8_t*>(dest) + std::size_t{j} * destPitch;
+        blit(PixelRows{&row, 0}, PixelRows{from.lines + j, from.x});
     }
 }
 
@@ -23,26 +30,28 @@ void BlitRows(PixelRows from, unsigned w, unsigned h, void* dest, unsigned destP
 
 void GfxSurface::QuickBltTo565(unsigned int x, unsigned int y, unsigned int w, unsigned int h,
                                void* dest, unsigned int destPitch) const {
+    const gfx::Storage storage = gfx::StorageOf(depth, pixelShift, lines);
     const gfx::FormatKernels& kernels = gfx::Kernels()[gfx::Storage::Rgb565];
-    switch (gfx::StorageOf(depth, pixelShift, lines)) {
-        case gfx::Storage::Rgb565: {
-            const auto copy = [&](PixelRows to, PixelRows from, unsigned n, unsigned rows) {
-                kernels.copy(to, from, n, rows, false);
-            };
-            return BlitRows({lines + y, x}, w, h, dest, destPitch, copy);
-        }
-        case gfx::Storage::Color32:
-            return BlitRows({lines + y, x}, w, h, dest, destPitch, kernels.fromWords);
-        default:
-            return;
+    if (w == 0) return;
+    if (storage == gfx::Storage::Rgb565) {
+        BlitRows({lines + y, x}, h, dest, destPitch,
+                 [&](PixelRows to, PixelRows from) { kernels.copy(to, from, w, 1, false); });
+    } else if (storage == gfx::Storage::Color32) {
+        BlitRows({lines + y, x}, h, dest, destPitch, [&](PixelRows to, PixelRows from) {
+            if (kernels.fromWords(to, from, w, 1) == 1) return;
+            ConvertInOrder(*to.lines, *from.lines + from.x * sizeof(std::uint32_t), w);
+        });
     }
 }
 
 void GfxSurface::QuickBltTo555(unsigned int x, unsigned int y, unsigned int w, unsigned int h,
                                void* dest, unsigned int destPitch) const {
     const gfx::Storage storage = gfx::StorageOf(depth, pixelShift, lines);
-    if (storage != gfx::Storage::Rgb565 && storage != gfx::Storage::Color32) return;
-    BlitRows({lines + y, x}, w, h, dest, destPitch, gfx::Kernels()[storage].toDisplay555);
+    const bool isServed = storage == gfx::Storage::Rgb565 || storage == gfx::Storage::Color32;
+    if (w == 0 || !isServed) return;
+    const auto toDisplay555 = gfx::Kernels()[storage].toDisplay555;
+    BlitRows({lines + y, x}, h, dest, destPitch,
+             [&](PixelRows to, PixelRows from) { toDisplay555(to, from, w, 1); });
 }
 
 void GfxSurface::QuickBltTo24(unsigned int, unsigned int, unsigned int, unsigned int, void*,

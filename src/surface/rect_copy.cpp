@@ -41,7 +41,8 @@ void GfxSurface::RectCopy(int x, int y, unsigned int w, unsigned int h, int srcX
                           const GfxSurface* src, bool tile) {
     const GfxSurface& from = src != nullptr ? *src : *this;
     const Storage storage = gfx::StorageOf(depth, pixelShift, lines);
-    if (tile || transparent || storage != gfx::StorageOf(from.depth, from.pixelShift, from.lines)) {
+    const bool isOneFormat = storage == gfx::StorageOf(from.depth, from.pixelShift, from.lines);
+    if (tile || transparent || !isOneFormat || storage == Storage::None) {
         return CopyConverted(x, y, w, h, srcX, srcY, from, tile);
     }
     Transfer transfer{*this, from, {x, y, w, h, srcX, srcY}};

@@ -7,23 +7,14 @@ using gfx::Storage;
 
 namespace {
 
-/// The addresses of a block of memory.
-struct Block {
-    std::uintptr_t begin, end;
-
-    Block(const std::uint8_t* bytes, std::size_t size)
-        : begin(reinterpret_cast<std::uintptr_t>(bytes)), end(begin + size) {}
-
-    bool Holds(const Block& other) const { return begin <= other.begin && other.end <= end; }
-    bool IsApartFrom(const Block& other) const { return end <= other.begin || other.end <= begin; }
-
-    bool HoldsRows(std::uint8_t* const* lines, unsigned count, std::size_t rowBytes) const {
-        for (unsigned j = 0; j < count; ++j) {
-            if (!Holds(Block(lines[j], rowBytes))) return false;
-        }
-        return true;
+/// Whether a surface's rows lie in its pixel memory one behind the other.
+bool HasRegularRows(const std::uint8_t* pixels, std::uint8_t* const* lines, unsigned first,
+                    unsigned count, std::size_t pitch) {
+    for (std::size_t y = first; y < std::size_t{first} + count; ++y) {
+        if (lines[y] != pixels + y * pitch) return false;
     }
-};
+    return true;
+}
 
 }  // namespace
 
@@ -58,10 +49,14 @@ void GfxSurface::Transfer::ThroughScratchRow(const gfx::WriteStep& step, unsigne
 }
 
 bool GfxSurface::Transfer::AreApart() const {
-    const Block target(to.surface, std::size_t{to.pitch} * to.allocDY);
-    const Block source(from.surface, std::size_t{from.pitch} * from.allocDY);
-    return target.IsApartFrom(source) && target.HoldsRows(to.lines + rect.y, rect.h, to.pitch) &&
-           source.HoldsRows(from.lines, from.dy, from.pitch);
+    const auto target = reinterpret_cast<std::uintptr_t>(to.surface);
+    const auto source = reinterpret_cast<std::uintptr_t>(from.surface);
+    const std::uint64_t rowBytes = std::uint64_t{to.allocDX} << to.pixelShift;
+    const bool areBlocksApart = target + std::size_t{to.pitch} * to.allocDY <= source ||
+                                source + std::size_t{from.pitch} * from.allocDY <= target;
+    return areBlocksApart && rowBytes <= to.pitch &&
+           HasRegularRows(to.surface, to.lines, static_cast<unsigned>(rect.y), rect.h, to.pitch) &&
+           HasRegularRows(from.surface, from.lines, 0, from.dy, from.pitch);
 }
 
 void GfxSurface::Transfer::CopyTiles(const gfx::FormatKernels& kernels) const {

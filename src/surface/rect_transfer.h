@@ -77,8 +77,8 @@ struct GfxSurface::Transfer {
     /// needs surfaces that are apart.
     void CopyTiles(const gfx::FormatKernels& kernels) const;
 
-    /// Whether no row of the source shares memory with one of the target. Surfaces whose rows do
-    /// not lie in their own pixel memory, as those of a derived one may, count as not apart.
+    /// Whether no two rows of target and source share memory. Surfaces whose rows do not follow
+    /// each other in their own pixel memory, as those of a derived one may, count as not apart.
     bool AreApart() const;
 };
 

@@ -1,0 +1,104 @@
+// Rows that share memory: a surface that shows each row twice, and display memory that is the
+// surface's own. Each pixel must come out as the plain order of writes gives it.
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <cstring>
+#include <vector>
+
+#include "support/hook_ledger.h"
+#include "support/probe_surface.h"
+#include "surface/line_recurrence.h"
+
+namespace test {
+namespace {
+
+/// Rows 2 k and 2 k + 1 are the same memory.
+class LineDoubler : public ProbeSurface {
+public:
+    using ProbeSurface::ProbeSurface;
+
+protected:
+    void AllocLinesForSurface() override {
+        ProbeSurface::AllocLinesForSurface();
+        for (unsigned y = 0; y < DY(); ++y)
+            lines[y] = surface + std::size_t{y / 2} * Pitch();
+    }
+};
+
+constexpr unsigned kWidth = 12;
+constexpr unsigned kHeight = 11;
+
+class SharedRows : public testing::TestWithParam<unsigned> {};
+
+TEST_P(SharedRows, A_tile_copy_leaves_what_the_later_of_two_rows_shows) {
+    const LedgerCheck ledger;
+    const SurfacePtr source = MakeSurface(GetParam(), 3, 3);
+    for (int y = 0; y < 3; ++y) {
+        for (int x = 0; x < 3; ++x) {
+            source->SetPixelRGB(
+                x, y,
+                0x00204060U * static_cast<unsigned>(1 + y) + 0x11U * static_cast<unsigned>(x));
+        }
+    }
+    LineDoubler target(GetParam());
+    target.Initialise(kWidth, kHeight);
+    target.RectCopy(0, 0, kWidth, kHeight, 1, 2, source.get(), true);
+    for (int y = 0; y < static_cast<int>(kHeight); ++y) {
+        const int shown = y % 2 == 0 && y + 1 < static_cast<int>(kHeight) ? y + 1 : y;
+        for (int x = 0; x < static_cast<int>(kWidth); ++x) {
+            ASSERT_EQ(source->RetPixelRGB((x + 1) % 3, (shown + 2) % 3), target.RetPixelRGB(x, y))
+                << "at (" << x << ", " << y << ")";
+        }
+    }
+}
+
+TEST_P(SharedRows, A_smooth_line_blends_near_and_far_pixel_one_after_the_other) {
+    const LedgerCheck ledger;
+    LineDoubler drawn(GetParam());
+    LineDoubler plotted(GetParam());
+    for (LineDoubler* surface : {&drawn, &plotted}) {
+        surface->Initialise(kWidth, kHeight);
+        surface->RectFill(0, 0, kWidth, kHeight, 0x00305070);
+    }
+    constexpr unsigned kColor = 0x00F0A010;
+    constexpr int kRise = 7;
+    drawn.DrawAALine(0, 1, kWidth - 1, 1 + kRise, kColor);
+    LineRecurrence dots(1, 0.0, kWidth - 1, kRise);
+    for (int x = 0; x < static_cast<int>(kWidth); ++x) {
+        const ModelDot dot = dots.Next();
+        const int near = static_cast<int>(dot.minor);
+        plotted.SetPixelRGBBlend(x, near, dot.fraction << 24 | kColor);
+        plotted.SetPixelRGBBlend(x, near + 1, (255 - dot.fraction) << 24 | kColor);
+    }
+    for (int y = 0; y < static_cast<int>(kHeight); ++y) {
+        for (int x = 0; x < static_cast<int>(kWidth); ++x) {
+            ASSERT_EQ(plotted.RetPixelRGB(x, y), drawn.RetPixelRGB(x, y))
+                << "at (" << x << ", " << y << ")";
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Depths, SharedRows, testing::Values(8U, 16U, 32U));
+
+TEST(DisplayBlit, Converts_a_32_bit_surface_in_its_own_memory) {
+    const LedgerCheck ledger;
+    const SurfacePtr surface = MakeSurface(32, 37, 2);
+    std::vector<unsigned> colors;
+    for (int i = 0; i < 74; ++i) {
+        colors.push_back(static_cast<unsigned>(i) * 0x01C35A11U);
+        surface->SetPixelRGB(i % 37, i / 37, colors.back());
+    }
+    surface->QuickBltTo565(0, 0, 37, 2, surface->Line(0), surface->Pitch());
+    for (int i = 0; i < 74; ++i) {
+        const auto* row = static_cast<const std::uint8_t*>(surface->Line(i / 37));
+        std::uint16_t pixel;
+        std::memcpy(&pixel, row + 2 * (i % 37), sizeof pixel);
+        const unsigned c = colors[static_cast<std::size_t>(i)];
+        EXPECT_EQ((c >> 8 & 0xF800) | (c >> 5 & 0x07E0) | (c >> 3 & 0x001F), pixel)
+            << "pixel " << i;
+    }
+}
+
+}  // namespace
+}  // namespace test
