@@ -68,6 +68,9 @@ set_target_properties(
 # Fused multiply-add and x87 arithmetic would both change the bits of what the pixel rules compute
 # in double precision.
 target_compile_options(gfx_objects PRIVATE -ffp-contract=off)
+
+# Exported members are not meant to be replaced from outside, so they may be inlined into each other.
+target_compile_options(gfx_objects PRIVATE -fno-semantic-interposition)
 if(GFX_TARGETS_I386)
   target_compile_options(gfx_objects PRIVATE -msse2 -mfpmath=sse)
 endif()

@@ -22,8 +22,13 @@ struct Register128 {
         const unsigned count = n * kUnit;
         if (count == 16) return Load(p);
         const Bytes16 bytes = LoadFew(p, count);
-        return _mm_set_epi64x(static_cast<long long>(bytes.high),
-                              static_cast<long long>(bytes.low));
+        // Each half has to be in a register of its own before they are joined: g++ would rather let
+        // them meet in memory, where the wide load behind two narrow stores stalls. 180 ns instead
+        // of 60 for a glyph of 9 x 12 in the AVX2 table.
+        __m128i low = _mm_cvtsi64_si128(static_cast<long long>(bytes.low));
+        __m128i high = _mm_cvtsi64_si128(static_cast<long long>(bytes.high));
+        __asm__("" : "+x"(low), "+x"(high));
+        return _mm_unpacklo_epi64(low, high);
     }
     static void Store(std::uint8_t* p, __m128i v) {
         _mm_storeu_si128(reinterpret_cast<__m128i*>(p), v);

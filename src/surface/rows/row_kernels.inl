@@ -1,7 +1,7 @@
 // Every row kernel once, as templates over the storage format and the vectors. Included by one file
 // for each instruction set, which defines `Wide` and `Narrow`, the vector wrappers for long and for
-// narrow rows, before it includes this; see pixel_format.h for why all of it is in an unnamed
-// namespace.
+// narrow rows, and IsNarrow, which tells them apart, before it includes this; see pixel_format.h
+// for why all of it is in an unnamed namespace.
 #include "surface/rows/copy_fill.h"
 #include "surface/rows/format_lanes.h"
 #include "surface/rows/row_walk.h"
@@ -171,27 +171,24 @@ void ScaleAlpha(std::uint8_t* words, std::size_t n, Word k) {
     }
 }
 
-// Rows up to so many blocks of `Narrow` take it: masked 512-bit vectors cost such rows more than
-// they give. Where each pixel takes many instructions, only rows of one block do. Picked once a
-// rectangle.
-constexpr unsigned kLightBlocks = 2;
-constexpr unsigned kHeavyBlocks = 1;
+// Narrow rows take narrow vectors, see IsNarrow in the file that includes this. Picked once a
+// rectangle. Heavy kernels spend many instructions on a pixel, light ones few.
 
 template <class F, auto kWide, auto kNarrow>
 void PickUpdate(PixelRows to, unsigned w, unsigned h, Word value) {
-    w <= (kLightBlocks * F::kPixels) ? kNarrow(to, w, h, value) : kWide(to, w, h, value);
+    IsNarrow(w, F::kPixels, Load::Light) ? kNarrow(to, w, h, value) : kWide(to, w, h, value);
 }
 
 template <class F, auto kWide, auto kNarrow>
 void PickCopy(PixelRows to, PixelRows from, unsigned w, unsigned h, bool upwards) {
-    w <= (kLightBlocks * F::kPixels) ? kNarrow(to, from, w, h, upwards)
-                                     : kWide(to, from, w, h, upwards);
+    IsNarrow(w, F::kPixels, Load::Light) ? kNarrow(to, from, w, h, upwards)
+                                         : kWide(to, from, w, h, upwards);
 }
 
-template <class F, unsigned kBlocks, auto kWide, auto kNarrow, class... Value>
+template <class F, Load kLoad, auto kWide, auto kNarrow, class... Value>
 unsigned PickPair(PixelRows to, PixelRows from, unsigned w, unsigned h, Value... value) {
-    return w <= (kBlocks * F::kPixels) ? kNarrow(to, from, w, h, value...)
-                                       : kWide(to, from, w, h, value...);
+    return IsNarrow(w, F::kPixels, kLoad) ? kNarrow(to, from, w, h, value...)
+                                          : kWide(to, from, w, h, value...);
 }
 
 template <template <class> class FormatLanes>
@@ -204,16 +201,16 @@ struct FormatTable {
     static constexpr FormatKernels kTable = {
         .fill = PickUpdate<F, Fill<Format, Wide>, Fill<Format, Narrow>>,
         .blendColor = PickUpdate<F, BlendColor<FormatLanes<Wide>>, BlendColor<F>>,
-        .blendMask8 = PickPair<F, kHeavyBlocks, W::BlendMask8, N::BlendMask8, Word>,
-        .blendMask32 = PickPair<F, kHeavyBlocks, W::BlendMask32, N::BlendMask32, Word>,
+        .blendMask8 = PickPair<F, Load::Heavy, W::BlendMask8, N::BlendMask8, Word>,
+        .blendMask32 = PickPair<F, Load::Heavy, W::BlendMask32, N::BlendMask32, Word>,
         .copy = PickCopy<F, Copy<Format, Wide>, Copy<Format, Narrow>>,
-        .copyKeyed = PickPair<F, kLightBlocks, W::CopyKeyed, N::CopyKeyed, Word>,
-        .toWords = PickPair<F, kLightBlocks, W::ToWords, N::ToWords, Word>,
-        .fromWords = PickPair<F, kLightBlocks, W::FromWords, N::FromWords>,
-        .fromWordsKeyed = PickPair<F, kLightBlocks, W::FromWordsKeyed, N::FromWordsKeyed, Word>,
-        .blendWords = PickPair<F, kHeavyBlocks, W::BlendWords, N::BlendWords>,
+        .copyKeyed = PickPair<F, Load::Light, W::CopyKeyed, N::CopyKeyed, Word>,
+        .toWords = PickPair<F, Load::Light, W::ToWords, N::ToWords, Word>,
+        .fromWords = PickPair<F, Load::Light, W::FromWords, N::FromWords>,
+        .fromWordsKeyed = PickPair<F, Load::Light, W::FromWordsKeyed, N::FromWordsKeyed, Word>,
+        .blendWords = PickPair<F, Load::Heavy, W::BlendWords, N::BlendWords>,
         .blendWordsScaled =
-            PickPair<F, kHeavyBlocks, W::BlendWordsScaled, N::BlendWordsScaled, Word>,
+            PickPair<F, Load::Heavy, W::BlendWordsScaled, N::BlendWordsScaled, Word>,
         .toDisplay555 = ToDisplay555<Format>,
     };
 };
