@@ -174,15 +174,19 @@ void ScaleAlpha(std::uint8_t* words, std::size_t n, Word k) {
 // Narrow rows take narrow vectors, see IsNarrow in the file that includes this. Picked once a
 // rectangle. Heavy kernels spend many instructions on a pixel, light ones few.
 
+/// Pixels of one register, for kernels that work on bytes.
+template <class F>
+constexpr unsigned kNarrowPixels = Narrow::kBytes / sizeof(typename F::Format::Unit);
+
 template <class F, auto kWide, auto kNarrow>
 void PickUpdate(PixelRows to, unsigned w, unsigned h, Word value) {
-    IsNarrow(w, F::kPixels, Load::Light) ? kNarrow(to, w, h, value) : kWide(to, w, h, value);
+    IsNarrow(w, kNarrowPixels<F>, Load::Light) ? kNarrow(to, w, h, value) : kWide(to, w, h, value);
 }
 
 template <class F, auto kWide, auto kNarrow>
 void PickCopy(PixelRows to, PixelRows from, unsigned w, unsigned h, bool upwards) {
-    IsNarrow(w, F::kPixels, Load::Light) ? kNarrow(to, from, w, h, upwards)
-                                         : kWide(to, from, w, h, upwards);
+    IsNarrow(w, kNarrowPixels<F>, Load::Light) ? kNarrow(to, from, w, h, upwards)
+                                               : kWide(to, from, w, h, upwards);
 }
 
 template <class F, Load kLoad, auto kWide, auto kNarrow, class... Value>
