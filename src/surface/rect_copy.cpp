@@ -88,7 +88,7 @@ void GfxSurface::RectCopy(int x, int y, unsigned int w, unsigned int h, int srcX
         done = kernels[source].toWords(transfer.Target(), transfer.Source(), rect.w, rect.h,
                                        from.alpha);
     }
-    transfer.ThroughScratchRow(step, done);
+    if (done < rect.h) transfer.ThroughScratchRow(step, done);
 }
 
 void GfxSurface::RectBlend(int x, int y, unsigned int w, unsigned int h, int srcX, int srcY,

@@ -23,7 +23,7 @@ void GfxSurface::Transfer::WriteWords(const gfx::WriteStep& step) const {
     if (SourceStorage() == Storage::Color32 && !wraps && !RunsUpwards()) {
         done = step(Target(), Source(), rect.w, rect.h);
     }
-    ThroughScratchRow(step, done);
+    if (done < rect.h) ThroughScratchRow(step, done);
 }
 
 void GfxSurface::Transfer::ThroughScratchRow(const gfx::WriteStep& step, unsigned done,
