@@ -227,12 +227,12 @@ struct Color32Lanes {
     /// weight 256 and a colour of 0, which keeps the old byte.
     static Block Mix(Block old, Colors colors, Alphas alphas) {
         const Block weights = OldWeights(alphas);
+        const Halves green256 = L::AsHalves(colors & 0x0000FF00U);
         const Halves redBlue =
             MixHalves(L::AsHalves(old & 0x00FF00FFU), L::AsHalves(colors & 0x00FF00FFU),
-                      L::InBothHalves(weights));
-        const Halves alphaGreen =
-            MixHalves(L::AsHalves(old) >> 8, L::AsHalves(colors & 0x0000FF00U) >> 8,
-                      L::AsHalves(weights | 256U << 16));
+                      L::AsHalves(colors) << 8, L::InBothHalves(weights));
+        const Halves alphaGreen = MixHalves(L::AsHalves(old) >> 8, green256 >> 8, green256,
+                                            L::AsHalves(weights | 256U << 16));
         return L::AsWords(redBlue >> 8) | (L::AsWords(alphaGreen) & 0xFF00FF00U);
     }
     static Block PutOpaque(Block old, const Words& words) {

@@ -25,6 +25,12 @@ inline U16 MixHalves(U16 old, U16 fresh, U16 weights) {
     return (old - fresh) * weights + (fresh << 8);
 }
 
+/// The same where 256 times the colour is at hand.
+template <class U16>
+inline U16 MixHalves(U16 old, U16 fresh, U16 fresh256, U16 weights) {
+    return (old - fresh) * weights + fresh256;
+}
+
 /// Values up to 255 times k up to 256.
 template <class L>
 inline typename L::U16 Times(typename L::U16 values, std::uint32_t k) {

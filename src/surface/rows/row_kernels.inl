@@ -94,10 +94,11 @@ struct BlockKernels {
     }
 
     /// Blends whole blocks that are all invisible or all opaque, as most of a sprite's are. Asked
-    /// only where the first pixel is either: on random alphas that costs 1 %, the question itself
-    /// 15 %.
+    /// only where the first pixel is either, which random alphas seldom are. In 32 bits that costs
+    /// nothing on random alphas and takes a quarter off sprites; on narrower pixels, whose blocks
+    /// are longer, it was seen to cost a fifth on both.
     static bool BlendUniform(std::uint8_t* p, const Words& words, Word alpha, All count) {
-        if (alpha != 0 && alpha != 255) return false;
+        if (sizeof(typename Format::Unit) != 4 || (alpha != 0 && alpha != 255)) return false;
         const auto alphas = F::AlphasOf(words);
         if (!L::AreEqual(L::AsBytes(alphas), L::AsBytes(F::SplatAlpha(alpha)))) return false;
         if (alpha == 0) F::Store(p, F::PutOpaque(F::Load(p, count), words), count);
