@@ -25,7 +25,8 @@
 //   1219, 3657, 8533. All are multiples of 159, 161, 371 or 1219: lines whose n is such a multiple
 //   are left to the recurrence. Other distances are at least 1 / (25599 n) > 3.9e-9.
 //
-// Measured: 0.4 ns a step against 1.3 to 1.9 of the recurrence.
+// Measured: 1.1 us for an opaque line of 500 steps in 32 bits, clipped once, against 2.3 us with
+// the recurrence and a clip test a pixel.
 #ifndef GFX_SURFACE_LINE_STEPS_H
 #define GFX_SURFACE_LINE_STEPS_H
 
