@@ -2,8 +2,8 @@
 // colour by how far the exact line lies between them.
 #include <gfx/surface.h>
 
+#include "surface/line_blend.h"
 #include "surface/line_target.h"
-#include "surface/pixel_pair.h"
 
 using gfx::DashPattern;
 using gfx::FixedSteps;
@@ -22,13 +22,13 @@ struct LineColor {
     explicit LineColor(std::uint32_t color)
         : rgb(color & 0x00FFFFFF), weight(256 - gfx::OldWeight(gfx::AlphaOf(color))) {}
 
-    // The alphas of the two pixels at a fraction of 0..255. The weight scales both shares, so that
-    // an invisible colour leaves both pixels alone.
-    std::uint32_t NearAlpha(std::uint32_t fraction) const { return Alpha(255 - fraction); }
-    std::uint32_t FarAlpha(std::uint32_t fraction) const { return Alpha(fraction); }
+    // The colour's shares in the two pixels, of 255, at a fraction of 0..255. The weight scales
+    // both, so that an invisible colour leaves both pixels alone.
+    std::uint32_t NearShare(std::uint32_t fraction) const { return (255 - fraction) * weight >> 8; }
+    std::uint32_t FarShare(std::uint32_t fraction) const { return fraction * weight >> 8; }
 
-private:
-    std::uint32_t Alpha(std::uint32_t share) const { return 255 - (share * weight >> 8); }
+    /// The colour with a share as its alpha.
+    std::uint32_t WithShare(std::uint32_t share) const { return (255 - share) << 24 | rgb; }
 };
 
 /// The steps of a line by what of them is visible: some pixel in `touched`, both in `inner`.
@@ -51,25 +51,39 @@ void PlotInner(const LineTarget& target, const LineWalk& walk, const Steps& step
                const LineColor& color) {
     constexpr std::size_t kSize = sizeof(typename Format::Unit);
     std::uint8_t* const* const lines = target.lines;
-    const gfx::PixelPair<Format> pair(color.rgb);
-    const auto blend = [=](std::uint8_t* near, std::uint8_t* far, std::uint32_t fraction) {
-        pair.Blend(near, color.NearAlpha(fraction), far, color.FarAlpha(fraction));
-    };
+    const gfx::PairBlend<Format> blend(color.rgb);
     if (walk.isAlongX) {
         return gfx::WalkSteps(walk, steps, range, [=](int x, int y, const Steps& at) {
             const std::size_t offset = static_cast<std::size_t>(x) * kSize;
             std::uint8_t* const near = lines[y] + offset;
             std::uint8_t* const far = lines[y + 1] + offset;
-            if (near != far) return blend(near, far, at.Fraction());
+            const std::uint32_t nearShare = color.NearShare(at.Fraction());
+            const std::uint32_t farShare = color.FarShare(at.Fraction());
+            if (near != far) return blend(near, nearShare, far, farShare);
             // A derived surface may show one row twice: its pixel takes one share after the other.
-            gfx::BlendInto<Format>(near, 0, color.rgb, color.NearAlpha(at.Fraction()));
-            gfx::BlendInto<Format>(far, 0, color.rgb, color.FarAlpha(at.Fraction()));
+            gfx::BlendInto<Format>(near, 0, color.rgb, 255 - nearShare);
+            gfx::BlendInto<Format>(far, 0, color.rgb, 255 - farShare);
         });
     }
     gfx::WalkSteps(walk, steps, range, [=](int y, int x, const Steps& at) {
         std::uint8_t* const near = lines[y] + static_cast<std::size_t>(x) * kSize;
-        blend(near, near + kSize, at.Fraction());
+        blend.Neighbours(near, color.NearShare(at.Fraction()), color.FarShare(at.Fraction()));
     });
+}
+
+/// Plots the drawn ones of a range of steps whose pixels are all visible. @return whether there are
+/// any.
+template <class Steps>
+bool PlotInnerRuns(const LineTarget& target, const LineWalk& walk, const Steps& steps,
+                   StepRange range, const LineColor& color, const DashPattern& pattern) {
+    bool isDrawn = false;
+    pattern.ForEachRun(range, [&](StepRange run) {
+        isDrawn = true;
+        gfx::WithFormat(target.storage, [&]<class Format>(Format) {
+            PlotInner<Format>(target, walk, steps, run, color);
+        });
+    });
+    return isDrawn;
 }
 
 /// Plots a line; pixels of steps at the clip rectangle's edge go through plotOne(x, y, color).
@@ -81,20 +95,14 @@ bool PlotLine(const LineTarget& target, const LineWalk& walk, const Steps& steps
     const auto plotEdge = [&](StepRange range) {
         gfx::WalkSteps(walk, steps, range, [&](int major, int near, const Steps& at) {
             const auto far = static_cast<int>(static_cast<unsigned>(near) + 1);
-            const std::uint32_t nearColor = color.NearAlpha(at.Fraction()) << 24 | color.rgb;
-            const std::uint32_t farColor = color.FarAlpha(at.Fraction()) << 24 | color.rgb;
+            const std::uint32_t nearColor = color.WithShare(color.NearShare(at.Fraction()));
+            const std::uint32_t farColor = color.WithShare(color.FarShare(at.Fraction()));
             walk.isAlongX ? plotOne(major, near, nearColor) : plotOne(near, major, nearColor);
             walk.isAlongX ? plotOne(major, far, farColor) : plotOne(far, major, farColor);
         });
     };
-    bool isInnerDrawn = false;
     pattern.ForEachRun({visible.touched.first, visible.inner.first}, plotEdge);
-    pattern.ForEachRun(visible.inner, [&](StepRange run) {
-        isInnerDrawn = true;
-        gfx::WithFormat(target.storage, [&]<class Format>(Format) {
-            PlotInner<Format>(target, walk, steps, run, color);
-        });
-    });
+    const bool isInnerDrawn = PlotInnerRuns(target, walk, steps, visible.inner, color, pattern);
     pattern.ForEachRun({visible.inner.last, visible.touched.last}, plotEdge);
     return isInnerDrawn;
 }
@@ -126,26 +134,39 @@ void GfxSurface::DrawAALine(int x0, int y0, int x1, int y1, unsigned int color,
     const LineColor lineColor(color);
     if (walk.IsStraight() && dashes.IsSolid()) {
         // All of the share is the near pixel's. The far ones stay as they are, but count as drawn
-        // on.
-        const std::uint32_t near = lineColor.NearAlpha(0) << 24 | lineColor.rgb;
+        // on: that is left to be seen to where no near one was.
+        const std::uint32_t near = lineColor.WithShare(lineColor.NearShare(0));
         constexpr std::uint32_t kInvisible = 0xFF000000;
         const unsigned length = walk.steps + 1;
         if (walk.isAlongX) {
             RectFillBlend(walk.majorStart, walk.minorStart, length, 1, near);
-            return RectFillBlend(walk.majorStart, walk.minorStart + 1, length, 1, kInvisible);
+            if (empty) RectFillBlend(walk.majorStart, walk.minorStart + 1, length, 1, kInvisible);
+        } else {
+            DrawLine(x0, y0, x1, y1, near);
+            if (empty) RectFillBlend(walk.minorStart + 1, walk.majorStart, 1, length, kInvisible);
         }
-        DrawLine(x0, y0, x1, y1, near);
-        return RectFillBlend(walk.minorStart + 1, walk.majorStart, 1, length, kInvisible);
+        return;
     }
     const LineTarget target{
-        lines, gfx::StorageOf(depth, pixelShift, lines), {clipX0, clipX1}, {clipY0, clipY1}};
+        lines, pitch, gfx::StorageOf(depth, pixelShift, lines), {clipX0, clipX1}, {clipY0, clipY1}};
+    const bool isClosed = FixedSteps::ServesSmooth(walk);
+    const int farX = walk.isAlongX ? 0 : 1;
+    const int farY = 1 - farX;
+    if (isClosed && IsInsideClip(x0, y0) && IsInsideClip(x1, y1) &&
+        IsInsideClip(x0 + farX, y0 + farY) && IsInsideClip(x1 + farX, y1 + farY)) {
+        const auto steps = FixedSteps::Smooth(walk);
+        if (PlotInnerRuns(target, walk, steps, gfx::WholeLine(walk), lineColor, dashes)) {
+            empty = false;
+        }
+        return;
+    }
     const auto plotOne = [this](int x, int y, std::uint32_t pixelColor) {
         SetPixelRGBBlend(x, y, pixelColor);
     };
     const auto plot = [&](const auto& steps, const VisibleSteps& visible) {
         if (PlotLine(target, walk, steps, visible, lineColor, dashes, plotOne)) empty = false;
     };
-    if (FixedSteps::ServesSmooth(walk)) {
+    if (isClosed) {
         const FixedSteps steps = FixedSteps::Smooth(walk);
         const VisibleSteps visible = VisibleStepsOf(target, walk, steps);
         if (IsTouchCertain(walk, visible, dashes.IsSolid())) return plot(steps, visible);

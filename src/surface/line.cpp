@@ -1,6 +1,8 @@
 // Plain lines, solid and dashed: one pixel a step. Only the visible stretch is walked.
 #include <gfx/surface.h>
 
+#include "surface/line_blend.h"
+#include "surface/line_recurrence.h"
 #include "surface/line_target.h"
 
 using gfx::DashPattern;
@@ -18,35 +20,41 @@ void PlotVisible(const LineTarget& target, const LineWalk& walk, const Steps& st
     const std::uint32_t rgb = color & 0x00FFFFFF;
     const std::uint32_t alpha = gfx::AlphaOf(color);
     std::uint8_t* const* const lines = target.lines;
-    const auto along = [=](auto put) {
-        if (walk.isAlongX) {
-            gfx::WalkSteps(walk, steps, range, [=](int x, int y, const Steps&) {
-                put(lines[y], static_cast<std::size_t>(x));
-            });
-        } else {
-            gfx::WalkSteps(walk, steps, range, [=](int y, int x, const Steps&) {
-                put(lines[y], static_cast<std::size_t>(x));
-            });
-        }
+    const auto alongX = [=](auto put) {
+        gfx::WalkSteps(walk, steps, range, [=](int x, int y, const Steps&) {
+            put(lines[y], static_cast<std::size_t>(x));
+        });
+    };
+    const auto alongY = [=](auto put) {
+        gfx::WalkSteps(walk, steps, range, [=](int y, int x, const Steps&) {
+            put(lines[y], static_cast<std::size_t>(x));
+        });
     };
     if (alpha == 0) {
         const std::uint32_t pixel = Format::FromRgb(color);
-        return along(
-            [=](std::uint8_t* row, std::size_t x) { gfx::StorePixel<Format>(row, x, pixel); });
+        const auto store = [=](std::uint8_t* row, std::size_t x) {
+            gfx::StorePixel<Format>(row, x, pixel);
+        };
+        return walk.isAlongX ? alongX(store) : alongY(store);
     }
-    const std::uint32_t weight = gfx::OldWeight(alpha);
-    along([=](std::uint8_t* row, std::size_t x) {
-        const std::uint32_t old = gfx::LoadPixel<Format>(row, x);
-        gfx::StorePixel<Format>(row, x, Format::Mix(old, rgb, weight));
-    });
+    constexpr unsigned kFewRows = 32;
+    if (!walk.isAlongX && range.last - range.first > kFewRows && target.HasCrowdedRows()) {
+        return alongY([=, weight = gfx::OldWeight(alpha)](std::uint8_t* row, std::size_t x) {
+            const std::uint32_t old = gfx::LoadPixel<Format>(row, x);
+            gfx::StorePixel<Format>(row, x, Format::Mix(old, rgb, weight));
+        });
+    }
+    const gfx::PixelBlend<Format> mix(rgb, alpha);
+    const auto blend = [=](std::uint8_t* row, std::size_t x) {
+        mix(row + x * sizeof(typename Format::Unit));
+    };
+    walk.isAlongX ? alongX(blend) : alongY(blend);
 }
 
-/// @return whether any step lies inside the clip rectangle and is drawn.
+/// Plots a line's visible steps. @return whether any of them is drawn.
 template <class Steps>
-bool PlotLine(const LineTarget& target, const LineWalk& walk, const Steps& steps,
+bool PlotLine(const LineTarget& target, const LineWalk& walk, const Steps& steps, StepRange visible,
               std::uint32_t color, const DashPattern& pattern) {
-    const StepRange visible =
-        StepsInside(walk, steps, StepsAlong(walk, target.Major(walk)), target.Minor(walk));
     bool isTouched = false;
     pattern.ForEachRun(visible, [&](StepRange run) {
         isTouched = true;
@@ -76,13 +84,25 @@ void GfxSurface::DrawLine(int x0, int y0, int x1, int y1, unsigned int color,
         return RectFillBlend(walk.majorStart, walk.minorStart, walk.steps + 1, 1, color);
     }
     const LineTarget target{
-        lines, gfx::StorageOf(depth, pixelShift, lines), {clipX0, clipX1}, {clipY0, clipY1}};
-    bool isTouched = false;
+        lines, pitch, gfx::StorageOf(depth, pixelShift, lines), {clipX0, clipX1}, {clipY0, clipY1}};
+    const bool isInside = IsInsideClip(x0, y0) && IsInsideClip(x1, y1);  // and so all between
+    const auto plot = [&](const auto& steps, StepRange visible) {
+        if (PlotLine(target, walk, steps, visible, color, dashes)) empty = false;
+    };
+    const auto visibleOf = [&](const auto& steps) {
+        return StepsInside(walk, steps, StepsAlong(walk, target.Major(walk)), target.Minor(walk));
+    };
     if (FixedSteps::ServesPlain(walk)) {
-        isTouched = PlotLine(target, walk, FixedSteps::Plain(walk), color, dashes);
-    } else {
-        ComputeLineDots(static_cast<std::uint32_t>(walk.minorStart), walk.steps, walk.Rise(), 0.5);
-        isTouched = PlotLine(target, walk, gfx::BufferedSteps(dots), color, dashes);
+        const FixedSteps steps = FixedSteps::Plain(walk);
+        return plot(steps, isInside ? gfx::WholeLine(walk) : visibleOf(steps));
     }
-    if (isTouched) empty = false;
+    const auto minorStart = static_cast<std::uint32_t>(walk.minorStart);
+    if (isInside && dashes.IsSolid()) {
+        // Plotted as it goes, the recurrence costs little beside the stores.
+        const double slope = static_cast<double>(walk.Rise()) / static_cast<double>(walk.steps);
+        return plot(gfx::RecurringSteps(minorStart, 0.5, slope), gfx::WholeLine(walk));
+    }
+    ComputeLineDots(minorStart, walk.steps, walk.Rise(), 0.5);
+    const gfx::BufferedSteps steps(dots);
+    plot(steps, visibleOf(steps));
 }

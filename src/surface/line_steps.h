@@ -1,5 +1,5 @@
 // Where a line is at each of its steps: read from the dots buffer, or in closed form in fixed point
-// where that gives the dots of the recurrence in line_dots.cpp.
+// where that gives the dots of the recurrence in line_recurrence.h.
 //
 // Let s = d / n be a line's slope, |d| <= n <= 9999, and i its step. The recurrence holds position
 // p + f = m0 + e + i s, e the offset (0.5 plain, 0 anti-aliased), and wraps f at 0.9999 going up
@@ -9,8 +9,9 @@
 // Errors. In the recurrence each of at most 9999 additions rounds by at most 2^-53, and the slope's
 // own rounding adds as much again: below 3e-12. In fixed point with 48 fraction bits S = floor(2^48
 // s) loses at most i 2^-48 < 3.6e-11, and a bias of 100,000 * 2^-48 = 3.6e-10 keeps the sum above
-// the true value, by less than 4e-10. So both decide as exact arithmetic does wherever i s is
-// farther than that from every threshold.
+// the true value, by less than 4e-10; the advance of 0.0001, which has 32 fraction bits, is short
+// by less than 2.4e-10. So both decide as exact arithmetic does wherever i s is farther than that
+// from every threshold.
 //
 // - Rising, plain and anti-aliased: a tie needs i d / n = k + 4999 / 10000 or k + 9999 / 10000, so
 //   10000 divides n, which is too large. Otherwise the distance is at least 1 / (10000 n) > 1e-8.
@@ -45,10 +46,11 @@ class FixedSteps {
 public:
     /// Whether the closed form gives a plain line's dots.
     static bool ServesPlain(const LineWalk& walk) {
-        if (walk.isRising || walk.extent == 0) return true;
         const int zeros = __builtin_ctz(walk.steps);
-        const bool hasTies = zeros > __builtin_ctz(walk.extent);
-        return !hasTies || walk.extent % (walk.steps >> zeros) == 0;
+        constexpr unsigned kManyZeros = 1U << 31;  // of an extent of 0, which meets no tie
+        const bool meetsTies = zeros > __builtin_ctz(walk.extent | kManyZeros);
+        if (walk.isRising || !meetsTies) return true;
+        return walk.extent % (walk.steps >> zeros) == 0;
     }
 
     /// Whether it gives an anti-aliased line's dots, or on falling lines such that draw the same.
@@ -58,52 +60,50 @@ public:
     }
 
     static FixedSteps Plain(const LineWalk& walk) {
-        constexpr std::int64_t kHalf = std::int64_t{1} << (kStepBits - 1);
-        return {walk, kHalf, walk.isRising ? kRisingAdvance : 0};
+        return {walk, std::int64_t{1} << (kStepBits - 1)};
     }
-    static FixedSteps Smooth(const LineWalk& walk) {
-        return {walk, 0, walk.isRising ? kRisingAdvance : 0};
-    }
+    static FixedSteps Smooth(const LineWalk& walk) { return {walk, 0}; }
 
     void MoveTo(unsigned i) { position_ = start_ + std::int64_t{i} * slope_; }
     void Advance() { position_ += slope_; }
 
     std::int32_t Minor() const {
-        return static_cast<std::int32_t>(minorStart_ + static_cast<std::uint32_t>(Whole()));
+        const std::int64_t whole = position_ >> kStepBits;
+        return static_cast<std::int32_t>(minorStart_ + static_cast<std::uint32_t>(whole));
     }
 
     /// trunc(f * 255.99) of the 32 highest bits of f: 4294799524 is 255.99 * 2^24, rounded up.
     /// Where a rising line has wrapped early, f is negative and counts as 0.
     std::uint32_t Fraction() const {
-        const std::int64_t f = position_ - (Whole() << kStepBits);
-        const auto high = static_cast<std::uint64_t>(f < 0 ? 0 : f) >> (kStepBits - 32);
-        return static_cast<std::uint32_t>(high * 4294799524U >> 56);
+        const auto advanced = static_cast<std::uint32_t>(position_ >> (kStepBits - 32));
+        const std::uint32_t f = advanced - (advanced < advance_ ? advanced : advance_);
+        return static_cast<std::uint32_t>(std::uint64_t{f} * 4294799524U >> 56);
     }
 
 private:
     static constexpr std::int64_t kBias = 100000;
-    static constexpr std::int64_t kRisingAdvance = (std::int64_t{1} << kStepBits) / 10000;
+    static constexpr std::uint32_t kRisingAdvance = (std::uint64_t{1} << 32) / 10000;
 
-    FixedSteps(const LineWalk& walk, std::int64_t offset, std::int64_t advance)
+    FixedSteps(const LineWalk& walk, std::int64_t offset)
         : minorStart_(static_cast<std::uint32_t>(walk.minorStart)),
+          advance_(walk.isRising ? kRisingAdvance : 0),
           slope_(FloorSlope(walk)),
-          start_(offset + kBias),
-          position_(start_),
-          advance_(advance) {}
+          start_(offset + kBias + (std::int64_t{advance_} << (kStepBits - 32))),
+          position_(start_) {}
 
+    /// floor(2^48 d / n). Of a falling line -ceil(r / n) = ~((r - 1) / n) with r = 2^48 |d|; `sign`
+    /// is -1 there, so that neither direction needs a branch.
     static std::int64_t FloorSlope(const LineWalk& walk) {
-        const auto rise = static_cast<std::uint64_t>(walk.extent) << kStepBits;
-        if (walk.isRising) return static_cast<std::int64_t>(rise / walk.steps);
-        return -static_cast<std::int64_t>((rise + walk.steps - 1) / walk.steps);
+        const std::uint64_t sign = walk.isRising ? 0 : ~std::uint64_t{0};
+        const std::uint64_t rise = std::uint64_t{walk.extent} << kStepBits;
+        return static_cast<std::int64_t>((rise + sign) / walk.steps ^ sign);
     }
 
-    std::int64_t Whole() const { return (position_ + advance_) >> kStepBits; }
-
     std::uint32_t minorStart_;
-    std::int64_t slope_;
+    std::uint32_t advance_;  // 1/2^32 pixel by which the position is ahead of the line
+    std::int64_t slope_;     // 1/2^48 pixel, as the others
     std::int64_t start_;
     std::int64_t position_;
-    std::int64_t advance_;
 };
 
 /// Steps from the dots buffer.
@@ -126,6 +126,9 @@ struct StepRange {
     unsigned first, last;
     bool IsEmpty() const { return first >= last; }
 };
+
+/// All steps of a line.
+inline StepRange WholeLine(const LineWalk& walk) { return {0, walk.steps + 1}; }
 
 /// An interval of coordinates, [lo, hi).
 struct Interval {

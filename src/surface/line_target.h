@@ -13,11 +13,18 @@ namespace gfx {
 
 struct LineTarget {
     std::uint8_t* const* lines;
+    std::uint32_t pitch;
     Storage storage;
     Interval columns, rows;  // the clip rectangle
 
     const Interval& Major(const LineWalk& walk) const { return walk.isAlongX ? columns : rows; }
     const Interval& Minor(const LineWalk& walk) const { return walk.isAlongX ? rows : columns; }
+
+    /// Rows 4 KiB apart lie in one set of a cache of 64 sets, which keeps some 8 of them. Going
+    /// down such rows, a processor that reads many of them ahead throws lines out before they are
+    /// written to and fetches them twice: 4.5 us for a vertical blended line of 500 in 32 bits,
+    /// where the longer chain of instructions of the plain rule, which holds it back, takes 1.9.
+    bool HasCrowdedRows() const { return pitch % 4096 == 0; }
 };
 
 /// A dash pattern, or a solid line.

@@ -38,15 +38,25 @@ inline unsigned Extent(int a, int b) {
     return high - low;
 }
 
+/// Which way a line runs is seldom foreseen by the processor: so all but the axis is selected, not
+/// branched on.
 inline LineWalk WalkOf(int x0, int y0, int x1, int y1) {
     const unsigned width = Extent(x0, x1);
     const unsigned height = Extent(y0, y1);
-    if (width >= height) {
-        return x0 <= x1 ? LineWalk{true, x0, y0, width, height, y1 >= y0}
-                        : LineWalk{true, x1, y1, width, height, y0 >= y1};
-    }
-    return y0 <= y1 ? LineWalk{false, y0, x0, height, width, x1 >= x0}
-                    : LineWalk{false, y1, x1, height, width, x0 >= x1};
+    const bool isAlongX = width >= height;
+    const int major0 = isAlongX ? x0 : y0;
+    const int major1 = isAlongX ? x1 : y1;
+    const int minor0 = isAlongX ? y0 : x0;
+    const int minor1 = isAlongX ? y1 : x1;
+    const bool isForward = major0 <= major1;
+    const int first = isForward ? minor0 : minor1;
+    const int last = isForward ? minor1 : minor0;
+    return {isAlongX,
+            isForward ? major0 : major1,
+            first,
+            isAlongX ? width : height,
+            isAlongX ? height : width,
+            last >= first};
 }
 
 /// Refuses lines that the dots buffer cannot hold.

@@ -35,7 +35,7 @@ inline std::uint32_t AlphaOf(std::uint32_t color) { return color >> 24; }
 
 /// The weight, of 256, of the old pixel under a colour of alpha a. It is never 128, 0 keeps the
 /// colour alone and 256 the old pixel alone, so the blend formula needs no branch for either.
-inline std::uint32_t OldWeight(std::uint32_t a) { return a + (a > 127 ? 1U : 0U); }
+constexpr std::uint32_t OldWeight(std::uint32_t a) { return a + (a > 127 ? 1U : 0U); }
 
 /// Mixes the channels of a colour word; the old word keeps its alpha byte. Red and blue are mixed
 /// in one product: (old - color) * weight + 256 * color is exact modulo 2^32, because the true

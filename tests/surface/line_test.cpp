@@ -232,5 +232,30 @@ TEST(Lines, A_line_and_its_reverse_give_the_same_pixels_in_all_octants) {
     }
 }
 
+/// The drawers take other ways down rows 4 KiB apart.
+TEST(Lines, The_distance_of_rows_makes_no_difference) {
+    constexpr unsigned kSide = 90, kCrowded = 4096, kLoose = 1000;
+    std::mt19937 random(23);
+    const auto any = [&] { return static_cast<int>(random() % 130) - 20; };
+    for (const unsigned depth : {8U, 16U, 32U}) {
+        std::vector<unsigned char> memory(kSide * kCrowded), other(kSide * kLoose);
+        const SurfacePtr crowded(GfxSurface::New(depth)), loose(GfxSurface::New(depth));
+        crowded->Initialise(kSide, kSide, memory.data(), kCrowded, false);
+        loose->Initialise(kSide, kSide, other.data(), kLoose, false);
+        for (int i = 0; i < 400; ++i) {
+            const Point a{any(), any()}, b{any(), any()};
+            const auto color = static_cast<Word>(random());
+            for (const auto& s : {crowded.get(), loose.get()}) {
+                s->DrawLine(a.x, a.y, b.x, b.y, color);
+                s->DrawAALine(b.x, a.y, a.x, b.y, color);
+            }
+        }
+        for (unsigned y = 0; y < kSide; ++y) {
+            ASSERT_EQ(0, std::memcmp(crowded->Line(y), loose->Line(y), kSide * depth / 8))
+                << "depth " << depth << ", row " << y;
+        }
+    }
+}
+
 }  // namespace
 }  // namespace test

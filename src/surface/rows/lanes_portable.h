@@ -87,6 +87,11 @@ struct PortableLanes : BasicLanes<PortableRegister> {
         return (difference[0] | difference[1]) == 0;
     }
 
+    /// The two lowest halves, four times each.
+    static U16 RepeatTwoHalves(U16 v) {
+        return __builtin_shufflevector(v, v, 0, 0, 0, 0, 1, 1, 1, 1);
+    }
+
     /// The eight lowest bytes as halves, and halves up to 255 as the eight lowest bytes.
     static U16 WidenLowBytes(U8 v) { return WidenBytes(AsRaw(v)); }
     static U8 NarrowHalves(U16 v) {

@@ -104,6 +104,11 @@ struct Lanes128 : BasicLanes<Register128> {
         return _mm_movemask_epi8(_mm_cmpeq_epi8(AsRaw(a), AsRaw(b))) == 0xFFFF;
     }
 
+    /// The two lowest halves, four times each.
+    static U16 RepeatTwoHalves(U16 v) {
+        return AsHalves(_mm_shuffle_epi32(_mm_unpacklo_epi16(AsRaw(v), AsRaw(v)), 0x50));
+    }
+
     /// The eight lowest bytes as halves, and halves up to 255 as the eight lowest bytes.
     static U16 WidenLowBytes(U8 v) { return AsHalves(WidenBytes(AsRaw(v))); }
     static U8 NarrowHalves(U16 v) { return AsBytes(_mm_packus_epi16(AsRaw(v), AsRaw(v))); }

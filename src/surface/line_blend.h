@@ -1,0 +1,193 @@
+// A line's pixels blended with its colour: one a step, or two at once with a share each. A vector
+// of eight 16-bit lanes holds both pixels' channels: half the time of two blends one after the
+// other, and no branch for shares of none and all. Formats without a vector form take the plain
+// rule.
+#ifndef GFX_SURFACE_LINE_BLEND_H
+#define GFX_SURFACE_LINE_BLEND_H
+
+#include <array>
+#include <cstdint>
+
+#include "surface/pixel_format.h"
+#include "surface/rows/lanes_baseline.h"
+#include "surface/rows/mix_lanes.h"
+
+namespace gfx {
+namespace {
+
+using LineLanes = BaselineLanes::U16;  // blue, green, red, alpha of one pixel, then of another
+
+/// The weights of an old pixel under a colour's share of 0..255, 255 less its alpha. The old alpha
+/// byte stays, but under the whole colour, where the write of a single pixel stores its word.
+inline constexpr std::array<std::uint64_t, 256> kLaneWeights = [] {
+    std::array<std::uint64_t, 256> weights{};
+    for (std::uint64_t share = 0; share < 256; ++share) {
+        const std::uint64_t channel = OldWeight(static_cast<std::uint32_t>(255 - share));
+        const std::uint64_t alpha = share == 255 ? 0 : 256;
+        weights[share] = channel | channel << 16 | channel << 32 | alpha << 48;
+    }
+    return weights;
+}();
+
+/// Two 64-bit halves as lanes.
+inline LineLanes LanesOf(std::uint64_t first, std::uint64_t second) {
+    typedef std::uint64_t Halves __attribute__((vector_size(16)));
+    return BaselineLanes::AsHalves(Halves{first, second});
+}
+
+inline LineLanes WeightsOf(std::uint32_t firstShare, std::uint32_t secondShare) {
+    return LanesOf(kLaneWeights[firstShare], kLaneWeights[secondShare]);
+}
+
+/// The same three values for both pixels.
+inline LineLanes ChannelLanes(std::uint64_t blue, std::uint64_t green, std::uint64_t red) {
+    const std::uint64_t lanes = blue | green << 16 | red << 32;
+    return LanesOf(lanes, lanes);
+}
+
+inline LineLanes ColorLanes(std::uint32_t rgb) {
+    return ChannelLanes(rgb & 0xFF, rgb >> 8 & 0xFF, rgb >> 16 & 0xFF);
+}
+
+/// How lanes are made of two pixels, or of one that is followed by anything, and how pixels are
+/// made of 256 times their channels.
+template <class Format>
+struct PixelLanes;
+
+template <>
+struct PixelLanes<Color32> {
+    using L = BaselineLanes;
+
+    static LineLanes Of(std::uint32_t first, std::uint32_t second) {
+        return L::WidenLowBytes(L::AsBytes(L::U32{first, second, 0, 0}));
+    }
+    static LineLanes OfNeighbours(const std::uint8_t* p) {
+        return L::WidenLowBytes(L::AsBytes(LanesOf(LoadAs<std::uint64_t>(p), 0)));
+    }
+
+    explicit PixelLanes(LineLanes sums) : pixels_(L::AsWords(L::NarrowHalves(sums >> 8))) {}
+    std::uint32_t First() const { return pixels_[0]; }
+    std::uint32_t Second() const { return pixels_[1]; }
+
+private:
+    L::U32 pixels_;
+};
+
+/// Blue is multiplied to the top of its half, where red stands; green stands in its middle. One
+/// high product widens all three (see Rgb565Lanes::ChannelsOf), another cuts the mixed ones to 5, 6
+/// and 5 bits, and a sum of products puts them in their places.
+template <>
+struct PixelLanes<Rgb565> {
+    using L = BaselineLanes;
+
+    static LineLanes Of(std::uint32_t first, std::uint32_t second) {
+        return OfBoth(first | second << 16);
+    }
+    static LineLanes OfNeighbours(const std::uint8_t* p) {
+        return OfBoth(LoadAs<std::uint32_t>(p));
+    }
+
+    explicit PixelLanes(LineLanes sums) {
+        const LineLanes cut = L::MulHigh(sums, ChannelLanes(32, 64, 32));
+        const L::U32 parts = L::MulAddPairs(cut, ChannelLanes(1, 32, 2048));
+        pixels_ = L::AsHalves(parts + __builtin_shufflevector(parts, parts, 1, 0, 3, 2));
+    }
+    std::uint32_t First() const { return pixels_[0]; }
+    std::uint32_t Second() const { return pixels_[4]; }
+
+private:
+    static LineLanes OfBoth(std::uint32_t both) {
+        const LineLanes aligned =
+            L::RepeatTwoHalves(L::AsHalves(L::U32{both, 0, 0, 0})) * ChannelLanes(2048, 1, 1) &
+            ChannelLanes(0xF800, 0x07E0, 0xF800);
+        return L::MulHigh(aligned, ChannelLanes(264, 8320, 264));
+    }
+
+    LineLanes pixels_;
+};
+
+/// Blends one colour of one alpha, neither 0 nor 255, into single pixels.
+template <class Format>
+class PixelBlend {
+public:
+    PixelBlend(std::uint32_t rgb, std::uint32_t alpha)
+        : weights_(WeightsOf(255 - alpha, 255 - alpha)),
+          sums_(ColorLanes(rgb) * static_cast<std::uint16_t>(256 - OldWeight(alpha))) {}
+
+    void operator()(std::uint8_t* p) const {
+        using Lanes = PixelLanes<Format>;
+        const LineLanes old = Lanes::Of(LoadPixel<Format>(p, 0), 0);
+        StorePixel<Format>(p, 0, Lanes(old * weights_ + sums_).First());
+    }
+
+private:
+    LineLanes weights_;
+    LineLanes sums_;
+};
+
+template <>
+class PixelBlend<Grey8> {
+public:
+    PixelBlend(std::uint32_t rgb, std::uint32_t alpha) : rgb_(rgb), weight_(OldWeight(alpha)) {}
+
+    void operator()(std::uint8_t* p) const {
+        StorePixel<Grey8>(p, 0, Grey8::Mix(LoadPixel<Grey8>(p, 0), rgb_, weight_));
+    }
+
+private:
+    std::uint32_t rgb_;
+    std::uint32_t weight_;
+};
+
+/// Blends one colour into pairs of pixels, with a share for each.
+template <class Format>
+class PairBlend {
+public:
+    explicit PairBlend(std::uint32_t rgb) : color_(ColorLanes(rgb)) {}
+
+    void operator()(std::uint8_t* first, std::uint32_t firstShare, std::uint8_t* second,
+                    std::uint32_t secondShare) const {
+        const LineLanes old = Lanes::Of(LoadPixel<Format>(first, 0), LoadPixel<Format>(second, 0));
+        Store(first, second, old, WeightsOf(firstShare, secondShare));
+    }
+
+    /// A pixel and the next one in its row.
+    void Neighbours(std::uint8_t* p, std::uint32_t firstShare, std::uint32_t secondShare) const {
+        Store(p, p + sizeof(typename Format::Unit), Lanes::OfNeighbours(p),
+              WeightsOf(firstShare, secondShare));
+    }
+
+private:
+    using Lanes = PixelLanes<Format>;
+
+    void Store(std::uint8_t* first, std::uint8_t* second, LineLanes old, LineLanes weights) const {
+        const Lanes mixed(MixHalves(old, color_, weights));
+        StorePixel<Format>(first, 0, mixed.First());
+        StorePixel<Format>(second, 0, mixed.Second());
+    }
+
+    LineLanes color_;
+};
+
+template <>
+class PairBlend<Grey8> {
+public:
+    explicit PairBlend(std::uint32_t rgb) : rgb_(rgb) {}
+
+    void operator()(std::uint8_t* first, std::uint32_t firstShare, std::uint8_t* second,
+                    std::uint32_t secondShare) const {
+        BlendInto<Grey8>(first, 0, rgb_, 255 - firstShare);
+        BlendInto<Grey8>(second, 0, rgb_, 255 - secondShare);
+    }
+    void Neighbours(std::uint8_t* p, std::uint32_t firstShare, std::uint32_t secondShare) const {
+        (*this)(p, firstShare, p + 1, secondShare);
+    }
+
+private:
+    std::uint32_t rgb_;
+};
+
+}  // namespace
+}  // namespace gfx
+
+#endif  // GFX_SURFACE_LINE_BLEND_H
