@@ -234,7 +234,7 @@ TEST(Lines, A_line_and_its_reverse_give_the_same_pixels_in_all_octants) {
 
 /// The drawers take other ways down rows 4 KiB apart.
 TEST(Lines, The_distance_of_rows_makes_no_difference) {
-    constexpr unsigned kSide = 90, kCrowded = 4096, kLoose = 1000;
+    constexpr int kSide = 90, kCrowded = 4096, kLoose = 1000;
     std::mt19937 random(23);
     const auto any = [&] { return static_cast<int>(random() % 130) - 20; };
     for (const unsigned depth : {8U, 16U, 32U}) {
@@ -250,7 +250,7 @@ TEST(Lines, The_distance_of_rows_makes_no_difference) {
                 s->DrawAALine(b.x, a.y, a.x, b.y, color);
             }
         }
-        for (unsigned y = 0; y < kSide; ++y) {
+        for (int y = 0; y < kSide; ++y) {
             ASSERT_EQ(0, std::memcmp(crowded->Line(y), loose->Line(y), kSide * depth / 8))
                 << "depth " << depth << ", row " << y;
         }
