@@ -107,16 +107,14 @@ std::uint8_t GreyLevel() {
 }
 
 Scene::Scene() : fontPath_(std::string(FontDirectory()) + "/DejaVuSans.ttf") {
-    targetMemory_.resize(1920 * 1080 * 4 + 64);
+    targetMemory_.resize(1920 * 1080 * 4);
     Random random(7);
     for (int i = 0; i < kPoints; ++i)
         points_.push_back({Below(random, 1024), Below(random, 1024)});
 }
 
 Image Scene::Target(const Row& row) {
-    const auto address = reinterpret_cast<std::uintptr_t>(targetMemory_.data());
-    std::uint8_t* aligned = targetMemory_.data() + (64 - address % 64) % 64;
-    return {aligned, row.surfaceWidth, row.surfaceHeight,
+    return {targetMemory_.data(), row.surfaceWidth, row.surfaceHeight,
             row.surfaceWidth * BytesPerPixel(row.target), row.target};
 }
 
@@ -159,7 +157,7 @@ Image Scene::Source(const Row& row, AlphaForm alpha) {
     const int width = tile ? kTile : row.Scattered() ? kSheet : row.width;
     const int height = tile ? kTile : row.Scattered() ? kSheet : row.height;
     const int bytes = BytesPerPixel(row.source);
-    std::vector<std::uint8_t>& pixels = sources_[{row.pattern, width, height, row.source, alpha}];
+    Bytes& pixels = sources_[{row.pattern, width, height, row.source, alpha}];
     if (pixels.empty()) {
         const Words& words = Picture(row.pattern, width, height);
         pixels.resize(words.size() * bytes);
@@ -173,7 +171,7 @@ Image Scene::Source(const Row& row, AlphaForm alpha) {
 Image Scene::Mask(const Row& row, MaskForm form) {
     const int width = row.Scattered() ? kSheet : row.width;
     const int height = row.Scattered() ? kSheet : row.height;
-    std::vector<std::uint8_t>& bytes = masks_[{row.pattern, width, height, form}];
+    Bytes& bytes = masks_[{row.pattern, width, height, form}];
     if (bytes.empty()) {
         const int turn = form == MaskForm::kTransparency ? 0xFF : 0;
         for (std::uint32_t word : Picture(row.pattern, width, height)) {

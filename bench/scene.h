@@ -8,6 +8,7 @@
 #include <array>
 #include <cstdint>
 #include <map>
+#include <new>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -74,6 +75,21 @@ inline constexpr std::uint32_t kHalfColor =
     (static_cast<std::uint32_t>(255 - kHalf) << 24) | kColor;
 inline constexpr std::uint32_t kKeyColor = 0xFFFF00FF;  ///< unchanged by a trip through 5-6-5
 
+/// Pixels start at a cache line, as surfaces of drivers and toolkits do: where malloc happens to
+/// put them decides otherwise which libraries' loads straddle two lines.
+template <class T>
+struct AtCacheLine {
+    using value_type = T;
+    static constexpr std::align_val_t kLine{64};
+
+    AtCacheLine() = default;
+    template <class U>
+    explicit AtCacheLine(const AtCacheLine<U>&) {}
+    T* allocate(std::size_t n) { return static_cast<T*>(::operator new(n * sizeof(T), kLine)); }
+    void deallocate(T* p, std::size_t) { ::operator delete(p, kLine); }
+    bool operator==(const AtCacheLine&) const { return true; }
+};
+
 class Scene {
 public:
     Scene();
@@ -99,17 +115,18 @@ public:
 
 private:
     using Words = std::vector<std::uint32_t>;
+    using Bytes = std::vector<std::uint8_t, AtCacheLine<std::uint8_t>>;
     using PictureKey = std::tuple<Pattern, int, int>;
 
     const Words& Picture(Pattern pattern, int width, int height);
     Text LayOut(const Row& row) const;
 
     std::string fontPath_;
-    std::vector<std::uint8_t> targetMemory_;
+    Bytes targetMemory_;
     std::vector<Point> points_;
     std::map<PictureKey, Words> pictures_;
-    std::map<std::tuple<Pattern, int, int, Format, AlphaForm>, std::vector<std::uint8_t>> sources_;
-    std::map<std::tuple<Pattern, int, int, MaskForm>, std::vector<std::uint8_t>> masks_;
+    std::map<std::tuple<Pattern, int, int, Format, AlphaForm>, Bytes> sources_;
+    std::map<std::tuple<Pattern, int, int, MaskForm>, Bytes> masks_;
     std::map<std::array<int, 4>, std::vector<Spot>> spots_;
     std::map<std::array<int, 2>, std::vector<Segment>> segments_;
     std::map<std::array<int, 2>, Text> texts_;

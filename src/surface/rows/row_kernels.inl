@@ -127,7 +127,7 @@ template <class Format, class L>
 void Fill(PixelRows to, unsigned w, unsigned h, Word color) {
     const auto pattern = L::AsBytes(L::SplatWord(FillPattern<Format>(color)));
     for (unsigned j = 0; j < h; ++j) {
-        FillBytes<L>(RowOf<Format>(to, j), BytesOf<Format>(w), pattern);
+        FillBytes<L, sizeof(typename Format::Unit)>(RowOf<Format>(to, j), BytesOf<Format>(w), pattern);
     }
 }
 
@@ -208,7 +208,7 @@ struct FormatTable {
         .blendColor = PickUpdate<F, BlendColor<FormatLanes<Wide>>, BlendColor<F>>,
         .blendMask8 = PickPair<F, Load::Heavy, W::BlendMask8, N::BlendMask8, Word>,
         .blendMask32 = PickPair<F, Load::Heavy, W::BlendMask32, N::BlendMask32, Word>,
-        .copy = PickCopy<F, Copy<Format, Wide>, Copy<Format, Narrow>>,
+        .copy = PickCopy<F, Copy<Format, WideCopy>, Copy<Format, Narrow>>,
         .copyKeyed = PickPair<F, Load::Light, W::CopyKeyed, N::CopyKeyed, Word>,
         .toWords = PickPair<F, Load::Light, W::ToWords, N::ToWords, Word>,
         .fromWords = PickPair<F, Load::Light, W::FromWords, N::FromWords>,

@@ -6,6 +6,7 @@ namespace gfx {
 namespace {
 using Wide = Lanes256;
 using Narrow = Lanes128;
+using WideCopy = Wide;
 
 /// The first few pixels of a wide block cost several moves each way: short rows that are no whole
 /// blocks do with half as many in narrow ones.
