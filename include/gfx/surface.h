@@ -382,6 +382,9 @@ private:
     void CopyConverted(int x, int y, unsigned int w, unsigned int h, int srcX, int srcY,
                        const GfxSurface& from, bool tile);
 
+    /// RectCopy of a single pixel within one format.
+    void CopyPixel(int x, int y, int srcX, int srcY, const GfxSurface& from);
+
     bool IsInsideClip(int x, int y) const {
         return x >= clipX0 && x < clipX1 && y >= clipY0 && y < clipY1;
     }

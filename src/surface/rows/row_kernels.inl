@@ -140,10 +140,6 @@ void BlendColor(PixelRows to, unsigned w, unsigned h, Word color) {
 
 template <class Format, class L>
 void Copy(PixelRows to, PixelRows from, unsigned w, unsigned h, bool upwards) {
-    if (w == 1 && h == 1) {
-        StorePixel<Format>(RowOf<Format>(to, 0), 0, LoadPixel<Format>(RowOf<Format>(from, 0), 0));
-        return;
-    }
     for (unsigned i = 0; i < h; ++i) {
         const unsigned j = upwards ? h - 1 - i : i;
         CopyBytes<L>(RowOf<Format>(to, j), RowOf<Format>(from, j), BytesOf<Format>(w));
