@@ -37,15 +37,26 @@ inline std::uint32_t AlphaOf(std::uint32_t color) { return color >> 24; }
 /// colour alone and 256 the old pixel alone, so the blend formula needs no branch for either.
 constexpr std::uint32_t OldWeight(std::uint32_t a) { return a + (a > 127 ? 1U : 0U); }
 
-/// Mixes the channels of a colour word; the old word keeps its alpha byte. Red and blue are mixed
-/// in one product: (old - color) * weight + 256 * color is exact modulo 2^32, because the true
-/// value old * weight + color * (256 - weight) fits, and no carry crosses from blue to red.
+/// Three channels in their places in a colour word, green apart from its neighbours: so one product
+/// serves red and blue.
+struct Channels {
+    std::uint32_t redBlue, green;
+};
+
+inline Channels ChannelsOf(std::uint32_t color) { return {color & 0x00FF00FF, color & 0x0000FF00}; }
+
+/// 256 times the mixed channels. (old - color) * weight + 256 * color is exact modulo 2^32, because
+/// the true value old * weight + color * (256 - weight) fits, and no carry crosses from blue to
+/// red.
+inline Channels MixChannels(Channels old, Channels color, std::uint32_t oldWeight) {
+    return {(old.redBlue - color.redBlue) * oldWeight + (color.redBlue << 8),
+            (old.green - color.green) * oldWeight + (color.green << 8)};
+}
+
+/// Mixes the channels of a colour word; the old word keeps its alpha byte.
 inline std::uint32_t MixWords(std::uint32_t old, std::uint32_t color, std::uint32_t oldWeight) {
-    const std::uint32_t redBlue = color & 0x00FF00FF;
-    const std::uint32_t green = color & 0x0000FF00;
-    const std::uint32_t mixedRedBlue = ((old & 0x00FF00FF) - redBlue) * oldWeight + (redBlue << 8);
-    const std::uint32_t mixedGreen = ((old & 0x0000FF00) - green) * oldWeight + (green << 8);
-    return (old & 0xFF000000) | (mixedRedBlue >> 8 & 0x00FF00FF) | (mixedGreen >> 8 & 0x0000FF00);
+    const Channels sums = MixChannels(ChannelsOf(old), ChannelsOf(color), oldWeight);
+    return (old & 0xFF000000) | (sums.redBlue >> 8 & 0x00FF00FF) | (sums.green >> 8 & 0x0000FF00);
 }
 
 /// Weights that sum to 1024, so white gives 255.
@@ -63,10 +74,15 @@ inline std::uint32_t RgbToPixel16(std::uint32_t color) {
 
 /// Channels widened to 8 bits by bit replication. Red and blue first stand at the top of their
 /// bytes, then their upper three bits are repeated below them; green likewise with two.
-inline std::uint32_t Pixel16ToRgb(std::uint32_t pixel, std::uint32_t alpha) {
+inline Channels Pixel16Channels(std::uint32_t pixel) {
     const std::uint32_t redBlue = (pixel << 8 & 0x00F80000) | (pixel << 3 & 0x000000F8);
     const std::uint32_t green = pixel << 5 & 0x0000FC00;
-    return alpha << 24 | redBlue | (redBlue >> 5 & 0x00070007) | green | (green >> 6 & 0x00000300);
+    return {redBlue | (redBlue >> 5 & 0x00070007), green | (green >> 6 & 0x00000300)};
+}
+
+inline std::uint32_t Pixel16ToRgb(std::uint32_t pixel, std::uint32_t alpha) {
+    const Channels wide = Pixel16Channels(pixel);
+    return alpha << 24 | wide.redBlue | wide.green;
 }
 
 // One type a format: the stored unit, the write, read and mix rules. Pixels are moved with memcpy
@@ -90,7 +106,9 @@ struct Rgb565 {
         return Pixel16ToRgb(pixel, alpha);
     }
     static std::uint32_t Mix(std::uint32_t old, std::uint32_t color, std::uint32_t oldWeight) {
-        return RgbToPixel16(MixWords(Pixel16ToRgb(old, 0), color, oldWeight));
+        const Channels sums = MixChannels(Pixel16Channels(old), ChannelsOf(color), oldWeight);
+        return (sums.redBlue >> 16 & 0xF800) | (sums.green >> 13 & 0x07E0) |
+               (sums.redBlue >> 11 & 0x001F);
     }
 };
 
