@@ -17,6 +17,25 @@ namespace gfx {
 namespace {
 
 template <class L>
+struct Color32Lanes;
+
+/// Pixels as they are stored, a register of them.
+template <class L, class Format>
+struct RawPixels {
+    static constexpr unsigned kUnit = sizeof(typename Format::Unit);
+    static constexpr unsigned kPixels = L::kBytes / kUnit;
+
+    template <class Count>
+    static typename L::Raw Load(const std::uint8_t* p, Count count) {
+        return L::template Load<kUnit>(p, count);
+    }
+    template <class Count>
+    static void Store(std::uint8_t* p, typename L::Raw pixels, Count count) {
+        L::template Store<kUnit>(p, pixels, count);
+    }
+};
+
+template <class L>
 struct Grey8Lanes {
     using Format = Grey8;
     using Block = typename L::U16;  // a half a pixel
@@ -59,29 +78,25 @@ struct Grey8Lanes {
     /// Works on bytes, the even and the odd ones in halves of their own: twice as many a register
     /// as widened ones.
     struct Solid {
-        static constexpr unsigned kPixels = L::kBytes;
         Block weight, share;
 
         explicit Solid(std::uint32_t color)
             : weight(L::SplatHalf(OldWeight(AlphaOf(color)))),
               share(L::SplatHalf(RgbToGrey(color) * (256 - OldWeight(AlphaOf(color))))) {}
 
-        template <class Count>
-        void BlendInto(std::uint8_t* p, Count count) const {
-            const Block old = L::AsHalves(L::LoadBytes(p, count));
+        Block Blend(Block old) const {
             const Block even = ((old & 0x00FF) * weight + share) >> 8;
             const Block odd = ((old >> 8) * weight + share) & 0xFF00;
-            L::StoreBytes(p, L::AsBytes(even | odd), count);
+            return even | odd;
         }
     };
 
-    /// Pixels become colour words in blocks of kExpanded.
-    static constexpr unsigned kExpanded = L::kWords;
+    /// Pixels become colour words, in blocks of their own size.
+    using Expanded = Color32Lanes<L>;
     template <class Count>
-    static void Expand(std::uint8_t* words, const std::uint8_t* pixels, std::uint32_t alpha,
-                       Count count) {
+    static typename L::U32 Expand(const std::uint8_t* pixels, std::uint32_t alpha, Count count) {
         const typename L::U32 grey = L::LoadBytesAsWords(pixels, count);
-        L::StoreWords(words, grey | grey << 8 | grey << 16 | alpha << 24, count);
+        return grey | grey << 8 | grey << 16 | alpha << 24;
     }
 };
 
@@ -151,7 +166,6 @@ struct Rgb565Lanes {
     }
 
     struct Solid {
-        static constexpr unsigned kPixels = L::kHalves;
         Block weight;
         Colors shares;
 
@@ -163,23 +177,19 @@ struct Rgb565Lanes {
             shares.blue *= colorWeight;
         }
 
-        template <class Count>
-        void BlendInto(std::uint8_t* p, Count count) const {
-            const Colors wide = ChannelsOf(Load(p, count));
-            Store(p,
-                  Pack({wide.red * weight + shares.red, wide.green * weight + shares.green,
-                        wide.blue * weight + shares.blue}),
-                  count);
+        Block Blend(Block old) const {
+            const Colors wide = ChannelsOf(old);
+            return Pack({wide.red * weight + shares.red, wide.green * weight + shares.green,
+                         wide.blue * weight + shares.blue});
         }
     };
 
-    static constexpr unsigned kExpanded = L::kHalves;
+    using Expanded = Words;
     template <class Count>
-    static void Expand(std::uint8_t* words, const std::uint8_t* pixels, std::uint32_t alpha,
-                       Count count) {
+    static Words Expand(const std::uint8_t* pixels, std::uint32_t alpha, Count count) {
         const Colors wide = ChannelsOf(Load(pixels, count));
         const Block alphaRed = wide.red | L::SplatHalf(alpha << 8);
-        Words::Interleave(wide.blue | wide.green << 8, alphaRed).Store(words, count);
+        return Words::Interleave(wide.blue | wide.green << 8, alphaRed);
     }
 };
 
@@ -240,7 +250,6 @@ struct Color32Lanes {
     }
 
     struct Solid {
-        static constexpr unsigned kPixels = L::kWords;
         Halves redBlueWeight, alphaGreenWeight, redBlueShare, greenShare;
 
         explicit Solid(std::uint32_t color) {
@@ -252,21 +261,18 @@ struct Color32Lanes {
             greenShare = L::AsHalves(L::SplatWord((color >> 8 & 0xFFU) * share));
         }
 
-        template <class Count>
-        void BlendInto(std::uint8_t* p, Count count) const {
-            const Block old = Load(p, count);
+        Block Blend(Block old) const {
             const Halves redBlue =
                 (L::AsHalves(old & 0x00FF00FFU) * redBlueWeight + redBlueShare) >> 8;
             const Halves alphaGreen = (L::AsHalves(old) >> 8) * alphaGreenWeight + greenShare;
-            Store(p, L::AsWords(redBlue) | (L::AsWords(alphaGreen) & 0xFF00FF00U), count);
+            return L::AsWords(redBlue) | (L::AsWords(alphaGreen) & 0xFF00FF00U);
         }
     };
 
-    static constexpr unsigned kExpanded = L::kWords;
+    using Expanded = Color32Lanes;
     template <class Count>
-    static void Expand(std::uint8_t* words, const std::uint8_t* pixels, std::uint32_t,
-                       Count count) {
-        L::StoreWords(words, L::LoadWords(pixels, count), count);
+    static Block Expand(const std::uint8_t* pixels, std::uint32_t, Count count) {
+        return Load(pixels, count);
     }
 };
 

@@ -22,6 +22,7 @@ inline std::uint64_t First(unsigned n) {
 
 struct Register512 {
     static constexpr unsigned kBytes = 64;
+    static constexpr bool kHasMasks = true;
     using Raw = __m512i;
 
     static Raw Load(const std::uint8_t* p) { return _mm512_loadu_si512(p); }
@@ -46,6 +47,7 @@ struct Register512 {
 
 struct MaskedRegister256 {
     static constexpr unsigned kBytes = 32;
+    static constexpr bool kHasMasks = true;
     using Raw = __m256i;
 
     static Raw Load(const std::uint8_t* p) {
@@ -182,6 +184,7 @@ private:
 /// The words beside a 256-bit register of halves fit one 512-bit register, which packs at once.
 template <>
 struct WordPair<MaskedLanes256> {
+    static constexpr unsigned kPixels = MaskedLanes256::kHalves;
     Lanes512::U32 words;
 
     template <class Count>
@@ -200,8 +203,8 @@ struct WordPair<MaskedLanes256> {
         return {Widen(low) | Widen(high) << 16};
     }
     template <class Count>
-    void Store(std::uint8_t* p, Count count) const {
-        Lanes512::StoreWords(p, words, count);
+    static void Store(std::uint8_t* p, const WordPair& pair, Count count) {
+        Lanes512::StoreWords(p, pair.words, count);
     }
 
 private:

@@ -2,13 +2,14 @@
 // for each instruction set, which defines `Wide` and `Narrow`, the vector wrappers for long and for
 // narrow rows, and IsNarrow, which tells them apart, before it includes this; see pixel_format.h
 // for why all of it is in an unnamed namespace.
-#include "surface/rows/copy_fill.h"
+#include "surface/rows/copy_bytes.h"
 #include "surface/rows/format_lanes.h"
 #include "surface/rows/row_walk.h"
 
 namespace gfx {
 namespace {
 
+using Byte = std::uint8_t;
 using Word = std::uint32_t;
 
 /// Selects the old pixels where a mask is set.
@@ -28,91 +29,71 @@ struct BlockKernels {
         const auto colors = F::SplatColor(color);
         const Word alpha = AlphaOf(color);
         if (alpha == 0) {  // under an opaque colour the mask is the alpha
-            return WalkRowPairs<Format, Grey8, F::kPixels>(
-                to, mask, w, h, [=](std::uint8_t* p, const std::uint8_t* m, auto count) {
-                    F::Store(p, F::Mix(F::Load(p, count), colors, F::LoadMask(m, count)), count);
-                });
-        }
-        return WalkRowPairs<Format, Grey8, F::kPixels>(
-            to, mask, w, h, [=](std::uint8_t* p, const std::uint8_t* m, auto count) {
-                const auto alphas = MaskedAlphas<L>(F::LoadMask(m, count), alpha);
-                F::Store(p, F::Mix(F::Load(p, count), colors, alphas), count);
+            return Walk<Grey8>(to, mask, w, h, [&](const Byte* p, const Byte* m, auto count) {
+                return F::Mix(F::Load(p, count), colors, F::LoadMask(m, count));
             });
+        }
+        return Walk<Grey8>(to, mask, w, h, [&](const Byte* p, const Byte* m, auto count) {
+            const auto alphas = MaskedAlphas<L>(F::LoadMask(m, count), alpha);
+            return F::Mix(F::Load(p, count), colors, alphas);
+        });
     }
 
     static unsigned BlendMask32(PixelRows to, PixelRows mask, unsigned w, unsigned h, Word color) {
         const auto colors = F::SplatColor(color);
         const Word alpha = AlphaOf(color);
-        return WalkRowPairs<Format, Color32, F::kPixels>(
-            to, mask, w, h, [=](std::uint8_t* p, const std::uint8_t* m, auto count) {
-                const auto alphas = MaskedAlphas<L>(F::AlphasOf(Words::Load(m, count)), alpha);
-                F::Store(p, F::Mix(F::Load(p, count), colors, alphas), count);
-            });
+        return Walk<Color32>(to, mask, w, h, [&](const Byte* p, const Byte* m, auto count) {
+            const auto alphas = MaskedAlphas<L>(F::AlphasOf(Words::Load(m, count)), alpha);
+            return F::Mix(F::Load(p, count), colors, alphas);
+        });
     }
 
     static unsigned CopyKeyed(PixelRows to, PixelRows from, unsigned w, unsigned h, Word key) {
         const auto keys = F::Splat(key);
-        return WalkRowPairs<Format, Format, F::kPixels>(
-            to, from, w, h, [=](std::uint8_t* p, const std::uint8_t* source, auto count) {
-                const auto pixels = F::Load(source, count);
-                F::Store(p, L::KeepKeyed(F::Load(p, count), pixels, keys), count);
-            });
+        return Walk<Format>(to, from, w, h, [&](const Byte* p, const Byte* source, auto count) {
+            return L::KeepKeyed(F::Load(p, count), F::Load(source, count), keys);
+        });
     }
 
     static unsigned ToWords(PixelRows to, PixelRows from, unsigned w, unsigned h, Word alpha) {
-        return WalkRowPairs<Color32, Format, F::kExpanded>(
-            to, from, w, h, [=](std::uint8_t* p, const std::uint8_t* source, auto count) {
-                F::Expand(p, source, alpha & 0xFF, count);
+        return WalkRowPairs<L, Color32, Format, typename F::Expanded>(
+            to, from, w, h, [&](const Byte*, const Byte* source, auto count) {
+                return F::Expand(source, alpha & 0xFF, count);
             });
     }
 
     static unsigned FromWords(PixelRows to, PixelRows from, unsigned w, unsigned h) {
-        return WalkRowPairs<Format, Color32, F::kPixels>(
-            to, from, w, h, [](std::uint8_t* p, const std::uint8_t* source, auto count) {
-                F::Store(p, F::FromWords(Words::Load(source, count)), count);
-            });
+        return Walk<Color32>(to, from, w, h, [](const Byte*, const Byte* source, auto count) {
+            return F::FromWords(Words::Load(source, count));
+        });
     }
 
     static unsigned FromWordsKeyed(PixelRows to, PixelRows from, unsigned w, unsigned h, Word key) {
-        return WalkRowPairs<Format, Color32, F::kPixels>(
-            to, from, w, h, [=](std::uint8_t* p, const std::uint8_t* source, auto count) {
-                const Words words = Words::Load(source, count);
-                F::Store(p,
-                         KeepWhere(F::Matches(words, key), F::Load(p, count), F::FromWords(words)),
-                         count);
-            });
+        return Walk<Color32>(to, from, w, h, [&](const Byte* p, const Byte* source, auto count) {
+            const Words words = Words::Load(source, count);
+            return KeepWhere(F::Matches(words, key), F::Load(p, count), F::FromWords(words));
+        });
     }
 
     static unsigned BlendWords(PixelRows to, PixelRows from, unsigned w, unsigned h) {
-        return WalkRowPairs<Format, Color32, F::kPixels>(
-            to, from, w, h, [](std::uint8_t* p, const std::uint8_t* source, auto count) {
-                const Words words = Words::Load(source, count);
-                if (BlendUniform(p, words, source[3], count)) return;
-                F::Store(p, F::Mix(F::Load(p, count), F::ColorsOf(words), F::AlphasOf(words)),
-                         count);
-            });
+        return Walk<Color32>(to, from, w, h, [](const Byte* p, const Byte* source, auto count) {
+            const Words words = Words::Load(source, count);
+            return F::Mix(F::Load(p, count), F::ColorsOf(words), F::AlphasOf(words));
+        });
     }
-
-    /// Blends whole blocks that are all invisible or all opaque, as most of a sprite's are. Asked
-    /// only where the first pixel is either, which random alphas seldom are. In 32 bits that costs
-    /// nothing on random alphas and takes a quarter off sprites; on narrower pixels, whose blocks
-    /// are longer, it was seen to cost a fifth on both.
-    static bool BlendUniform(std::uint8_t* p, const Words& words, Word alpha, All count) {
-        if (sizeof(typename Format::Unit) != 4 || (alpha != 0 && alpha != 255)) return false;
-        const auto alphas = F::AlphasOf(words);
-        if (!L::AreEqual(L::AsBytes(alphas), L::AsBytes(F::SplatAlpha(alpha)))) return false;
-        if (alpha == 0) F::Store(p, F::PutOpaque(F::Load(p, count), words), count);
-        return true;
-    }
-    static bool BlendUniform(std::uint8_t*, const Words&, Word, Some) { return false; }
 
     static unsigned BlendWordsScaled(PixelRows to, PixelRows from, unsigned w, unsigned h, Word k) {
-        return WalkRowPairs<Format, Color32, F::kPixels>(
-            to, from, w, h, [=](std::uint8_t* p, const std::uint8_t* source, auto count) {
-                const Words words = Words::Load(source, count);
-                const auto alphas = ScaledAlphas<L>(F::AlphasOf(words), k);
-                F::Store(p, F::Mix(F::Load(p, count), F::ColorsOf(words), alphas), count);
-            });
+        return Walk<Color32>(to, from, w, h, [&](const Byte* p, const Byte* source, auto count) {
+            const Words words = Words::Load(source, count);
+            const auto alphas = ScaledAlphas<L>(F::AlphasOf(words), k);
+            return F::Mix(F::Load(p, count), F::ColorsOf(words), alphas);
+        });
+    }
+
+private:
+    template <class From, class Make>
+    static unsigned Walk(PixelRows to, PixelRows from, unsigned w, unsigned h, Make make) {
+        return WalkRowPairs<L, Format, From, F>(to, from, w, h, make);
     }
 };
 
@@ -125,17 +106,18 @@ inline Word FillPattern(Word color) {
 
 template <class Format, class L>
 void Fill(PixelRows to, unsigned w, unsigned h, Word color) {
-    const auto pattern = L::AsBytes(L::SplatWord(FillPattern<Format>(color)));
-    for (unsigned j = 0; j < h; ++j) {
-        FillBytes<L>(RowOf<Format>(to, j), BytesOf<Format>(w), pattern);
-    }
+    const auto pattern = L::AsRaw(L::SplatWord(FillPattern<Format>(color)));
+    WalkRows<L, Format, RawPixels<L, Format>>(to, w, h, [&](const Byte*, auto) { return pattern; });
 }
 
-template <class F>
+template <template <class> class FormatLanes, class L>
 void BlendColor(PixelRows to, unsigned w, unsigned h, Word color) {
+    using F = FormatLanes<L>;
+    using Pixels = RawPixels<L, typename F::Format>;
     const typename F::Solid solid(color);
-    WalkRows<typename F::Format, F::Solid::kPixels>(
-        to, w, h, [solid](std::uint8_t* p, auto count) { solid.BlendInto(p, count); });
+    WalkRows<L, typename F::Format, Pixels>(to, w, h, [&](const Byte* p, auto count) {
+        return L::AsRaw(solid.Blend(reinterpret_cast<typename F::Block>(Pixels::Load(p, count))));
+    });
 }
 
 template <class Format, class L>
@@ -205,7 +187,7 @@ struct FormatTable {
 
     static constexpr FormatKernels kTable = {
         .fill = PickUpdate<F, Fill<Format, Wide>, Fill<Format, Narrow>>,
-        .blendColor = PickUpdate<F, BlendColor<FormatLanes<Wide>>, BlendColor<F>>,
+        .blendColor = PickUpdate<F, BlendColor<FormatLanes, Wide>, BlendColor<FormatLanes, Narrow>>,
         .blendMask8 = PickPair<F, Load::Heavy, W::BlendMask8, N::BlendMask8, Word>,
         .blendMask32 = PickPair<F, Load::Heavy, W::BlendMask32, N::BlendMask32, Word>,
         .copy = PickCopy<F, Copy<Format, Wide>, Copy<Format, Narrow>>,

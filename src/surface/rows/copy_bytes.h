@@ -1,8 +1,7 @@
-// Filling and copying rows, which need no pixel rule: bytes are bytes. Vectors at a row's end
-// overlap those before it instead of being cut, since pixels are only overwritten here.
+// Copying rows that may overlap, which needs no pixel rule: bytes are bytes.
 // Unnamed namespace: see pixel_format.h.
-#ifndef GFX_SURFACE_ROWS_COPY_FILL_H
-#define GFX_SURFACE_ROWS_COPY_FILL_H
+#ifndef GFX_SURFACE_ROWS_COPY_BYTES_H
+#define GFX_SURFACE_ROWS_COPY_BYTES_H
 
 #include <cstdint>
 #include <cstring>
@@ -12,30 +11,21 @@
 namespace gfx {
 namespace {
 
-/// Stores a pattern that repeats with each pixel along n bytes.
-template <class L>
-inline void FillBytes(std::uint8_t* p, std::size_t n, typename L::U8 pattern) {
-    if (n < L::kBytes) return L::StoreBytes(p, pattern, Some{static_cast<unsigned>(n)});
-    for (std::size_t i = 0; i + L::kBytes < n; i += L::kBytes) {
-        L::StoreBytes(p + i, pattern, All{});
-    }
-    L::StoreBytes(p + n - L::kBytes, pattern, All{});
-}
-
 /// Copies n bytes that may overlap in any way. Up to four vectors are loaded before the first is
 /// stored; longer rows repay the call of memmove.
 template <class L>
 inline void CopyBytes(std::uint8_t* to, const std::uint8_t* from, std::size_t n) {
-    if (n < L::kBytes) {
-        const Some some{static_cast<unsigned>(n)};
-        return L::StoreBytes(to, L::LoadBytes(from, some), some);
+    if (n <= L::kBytes) {
+        if (n == 0) return;
+        return UseOneBlock<L, L::kBytes>(static_cast<unsigned>(n), [&](auto count) {
+            L::StoreBytes(to, L::LoadBytes(from, count), count);
+        });
     }
     if (n > 4 * L::kBytes) {
         std::memmove(to, from, n);
         return;
     }
     const auto first = L::LoadBytes(from, All{});
-    if (n == L::kBytes) return L::StoreBytes(to, first, All{});
     const auto last = L::LoadBytes(from + n - L::kBytes, All{});
     if (n > 2 * L::kBytes) {
         const auto second = L::LoadBytes(from + L::kBytes, All{});
@@ -50,4 +40,4 @@ inline void CopyBytes(std::uint8_t* to, const std::uint8_t* from, std::size_t n)
 }  // namespace
 }  // namespace gfx
 
-#endif  // GFX_SURFACE_ROWS_COPY_FILL_H
+#endif  // GFX_SURFACE_ROWS_COPY_BYTES_H
