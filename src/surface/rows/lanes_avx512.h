@@ -25,7 +25,13 @@ struct Register512 {
     static constexpr bool kHasMasks = true;
     using Raw = __m512i;
 
-    static Raw Load(const std::uint8_t* p) { return _mm512_loadu_si512(p); }
+    /// Into a register: g++ would rather load again for each use, which doubles up where blocks
+    /// cross cache lines. Blending words takes a sixth less in 32 bits, a tenth below.
+    static Raw Load(const std::uint8_t* p) {
+        Raw v = _mm512_loadu_si512(p);
+        __asm__("" : "+v"(v));
+        return v;
+    }
     template <unsigned kUnit>
     static Raw Load(const std::uint8_t* p, unsigned n) {
         if constexpr (kUnit == 1) return _mm512_maskz_loadu_epi8(First(n), p);
