@@ -52,7 +52,6 @@ struct Grey8Lanes {
         L::StoreHalvesAsBytes(p, pixels, count);
     }
     static Block Splat(std::uint32_t pixel) { return L::SplatHalf(pixel); }
-    static Alphas SplatAlpha(std::uint32_t alpha) { return L::SplatHalf(alpha); }
     static Colors SplatColor(std::uint32_t color) { return Splat(RgbToGrey(color)); }
     template <class Count>
     static Alphas LoadMask(const std::uint8_t* p, Count count) {
@@ -73,7 +72,6 @@ struct Grey8Lanes {
     static Block Mix(Block old, Colors colors, Alphas alphas) {
         return MixHalves(old, colors, OldWeights(alphas)) >> 8;
     }
-    static Block PutOpaque(Block, const Words& words) { return FromWords(words); }
 
     /// Works on bytes, the even and the odd ones in halves of their own: twice as many a register
     /// as widened ones.
@@ -119,7 +117,6 @@ struct Rgb565Lanes {
         L::StoreHalves(p, pixels, count);
     }
     static Block Splat(std::uint32_t pixel) { return L::SplatHalf(pixel); }
-    static Alphas SplatAlpha(std::uint32_t alpha) { return L::SplatHalf(alpha); }
     static Colors SplatColor(std::uint32_t color) {
         return {L::SplatHalf(color >> 16 & 0xFF), L::SplatHalf(color >> 8 & 0xFF),
                 L::SplatHalf(color & 0xFF)};
@@ -158,7 +155,6 @@ struct Rgb565Lanes {
                      MixHalves(wide.green, colors.green, weights),
                      MixHalves(wide.blue, colors.blue, weights)});
     }
-    static Block PutOpaque(Block, const Words& words) { return FromWords(words); }
 
     /// Pixels of 256 times their channels.
     static Block Pack(const Colors& sums) {
@@ -211,7 +207,6 @@ struct Color32Lanes {
         L::StoreWords(p, pixels, count);
     }
     static Block Splat(std::uint32_t pixel) { return L::SplatWord(pixel); }
-    static Alphas SplatAlpha(std::uint32_t alpha) { return L::SplatWord(alpha); }
     static Colors SplatColor(std::uint32_t color) { return L::SplatWord(color); }
     template <class Count>
     static Alphas LoadMask(const std::uint8_t* p, Count count) {
@@ -244,9 +239,6 @@ struct Color32Lanes {
         const Halves alphaGreen = MixHalves(L::AsHalves(old) >> 8, green256 >> 8, green256,
                                             L::AsHalves(weights | 256U << 16));
         return L::AsWords(redBlue >> 8) | (L::AsWords(alphaGreen) & 0xFF00FF00U);
-    }
-    static Block PutOpaque(Block old, const Words& words) {
-        return (old & 0xFF000000U) | (words.words & 0x00FFFFFFU);
     }
 
     struct Solid {

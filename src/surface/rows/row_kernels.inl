@@ -76,10 +76,32 @@ struct BlockKernels {
     }
 
     static unsigned BlendWords(PixelRows to, PixelRows from, unsigned w, unsigned h) {
-        return Walk<Color32>(to, from, w, h, [](const Byte* p, const Byte* source, auto count) {
+        const auto mix = [](const Byte* p, const Byte* source, auto count) {
             const Words words = Words::Load(source, count);
             return F::Mix(F::Load(p, count), F::ColorsOf(words), F::AlphasOf(words));
-        });
+        };
+        if constexpr (sizeof(typename Format::Unit) == 4) {
+            if (w >= 4 * F::kPixels) {
+                return WalkRowPairs<L, Format, Color32, F, BlendUniform>(to, from, w, h, mix);
+            }
+        }
+        return Walk<Color32>(to, from, w, h, mix);
+    }
+
+    /// Blends a block whose pixels are all invisible or all opaque, as most of a sprite's are.
+    /// Asked only where the first pixel is either, which random alphas seldom are: they lose 3 per
+    /// cent, sprites gain a quarter. For pixels below 32 bits, whose blocks are longer, and in rows
+    /// of few blocks it was seen to cost a fifth.
+    static bool BlendUniform(Byte* p, const Byte* source) {
+        const Word alpha = source[3];
+        if (((alpha + 1) & 0xFE) != 0) return false;
+        const auto words = L::LoadWords(source, All{});
+        if (!L::AreEqual(L::AsBytes(words >> 24), L::AsBytes(L::SplatWord(alpha)))) return false;
+        if (alpha == 0) {
+            const auto kept = L::SplatWord(0xFF000000U);
+            L::StoreWords(p, KeepWhere(kept, L::LoadWords(p, All{}), words), All{});
+        }
+        return true;
     }
 
     static unsigned BlendWordsScaled(PixelRows to, PixelRows from, unsigned w, unsigned h, Word k) {

@@ -33,8 +33,9 @@ inline std::uint8_t* RowOf(PixelRows rows, unsigned j) {
 enum class Load { Light, Heavy };
 
 /// Calls row(j, blocks) for each row, up to the first for which it returns false. blocks(make,
-/// put) covers the w pixels with blocks at i: put(i, make(i, count), count). The last one is made
-/// before the one that it may overlap is put, so that each pixel is made of what it was before.
+/// put, settle) covers the w pixels with blocks at i: put(i, make(i, count), count). The last one
+/// is made before the one that it may overlap is put, so that each pixel is made of what it was
+/// before. settle(i) may do any block but the last two in a way of its own; it then returns true.
 /// @return the rows done.
 template <class L, unsigned kPixels, class Row>
 inline unsigned ForEachRow(unsigned w, unsigned h, Row row) {
@@ -47,14 +48,16 @@ inline unsigned ForEachRow(unsigned w, unsigned h, Row row) {
     if (w == 0) return h;
     if (w <= kPixels) {
         return UseOneBlock<L, kPixels>(w, [&](auto count) {
-            return forEachRow([count](auto make, auto put) { put(0, make(0, count), count); });
+            return forEachRow(
+                [count](auto make, auto put, auto) { put(0, make(0, count), count); });
         });
     }
     const std::size_t end = w - kPixels;
-    return forEachRow([end](auto make, auto put) {
+    return forEachRow([end](auto make, auto put, auto settle) {
         std::size_t i = 0;
-        for (; i + kPixels < end; i += kPixels)
-            put(i, make(i, All{}), All{});
+        for (; i + kPixels < end; i += kPixels) {
+            if (!settle(i)) put(i, make(i, All{}), All{});
+        }
         const auto block = make(i, All{});
         const auto last = make(end, All{});
         put(i, block, All{});
@@ -70,14 +73,18 @@ inline void WalkRows(PixelRows to, unsigned w, unsigned h, Make make) {
         blocks([&](std::size_t i, auto count) { return make(row + BytesOf<Format>(i), count); },
                [&](std::size_t i, const auto& block, auto count) {
                    Blocks::Store(row + BytesOf<Format>(i), block, count);
-               });
+               },
+               [](std::size_t) { return false; });
         return true;
     });
 }
 
-/// Replaces each block of pixels by make(target pixels, source pixels, count), up to the first pair
-/// of rows that shares memory. @return the rows done.
-template <class L, class To, class From, class Blocks, class Make>
+inline bool SettleNone(std::uint8_t*, const std::uint8_t*) { return false; }
+
+/// Replaces each block of pixels by make(target pixels, source pixels, count), but those that
+/// settle(target pixels, source pixels) has done, up to the first pair of rows that shares memory.
+/// @return the rows done.
+template <class L, class To, class From, class Blocks, auto settle = SettleNone, class Make>
 inline unsigned WalkRowPairs(PixelRows to, PixelRows from, unsigned w, unsigned h, Make make) {
     return ForEachRow<L, Blocks::kPixels>(w, h, [&](unsigned j, auto blocks) {
         std::uint8_t* const row = RowOf<To>(to, j);
@@ -89,7 +96,8 @@ inline unsigned WalkRowPairs(PixelRows to, PixelRows from, unsigned w, unsigned 
             },
             [&](std::size_t i, const auto& block, auto count) {
                 Blocks::Store(row + BytesOf<To>(i), block, count);
-            });
+            },
+            [&](std::size_t i) { return settle(row + BytesOf<To>(i), source + BytesOf<From>(i)); });
         return true;
     });
 }
