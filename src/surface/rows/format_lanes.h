@@ -35,6 +35,41 @@ struct RawPixels {
     }
 };
 
+/// A pixel times this fills a word.
+template <class Format>
+constexpr std::uint32_t kRepeats = 0xFFFFFFFFU /
+                                   (0xFFFFFFFFU >> (32 - 8 * sizeof(typename Format::Unit)));
+
+/// Pixels for the place of old ones, which stay where the fresh ones equal a key. Where stores have
+/// masks the old ones are not even loaded: a tenth less than choosing.
+template <class L, class Format>
+struct KeyedPixels : RawPixels<L, Format> {
+    using Raw = typename L::Raw;
+    using RawPixels<L, Format>::kUnit;
+    using RawPixels<L, Format>::Store;
+
+    struct Masked {
+        Raw pixels;
+        std::uint64_t mask;
+    };
+
+    template <class Count>
+    static auto Load(const std::uint8_t* old, const std::uint8_t* fresh, Raw keys, Count count) {
+        const Raw pixels = L::template Load<kUnit>(fresh, count);
+        const auto isKey = L::template EqualUnits<kUnit>(pixels, keys);
+        if constexpr (L::kHasMasks) {
+            return Masked{pixels, ~isKey};
+        } else {
+            const auto olds = L::AsBytes(L::template Load<kUnit>(old, count));
+            return L::AsRaw(KeepWhere(isKey, olds, L::AsBytes(pixels)));
+        }
+    }
+    template <class Count>
+    static void Store(std::uint8_t* p, const Masked& block, Count count) {
+        L::template StoreUnder<kUnit>(block.mask, p, block.pixels, count);
+    }
+};
+
 template <class L>
 struct Grey8Lanes {
     using Format = Grey8;
@@ -51,8 +86,7 @@ struct Grey8Lanes {
     static void Store(std::uint8_t* p, Block pixels, Count count) {
         L::StoreHalvesAsBytes(p, pixels, count);
     }
-    static Block Splat(std::uint32_t pixel) { return L::SplatHalf(pixel); }
-    static Colors SplatColor(std::uint32_t color) { return Splat(RgbToGrey(color)); }
+    static Colors SplatColor(std::uint32_t color) { return L::SplatHalf(RgbToGrey(color)); }
     template <class Count>
     static Alphas LoadMask(const std::uint8_t* p, Count count) {
         return L::LoadBytesAsHalves(p, count);
@@ -116,7 +150,6 @@ struct Rgb565Lanes {
     static void Store(std::uint8_t* p, Block pixels, Count count) {
         L::StoreHalves(p, pixels, count);
     }
-    static Block Splat(std::uint32_t pixel) { return L::SplatHalf(pixel); }
     static Colors SplatColor(std::uint32_t color) {
         return {L::SplatHalf(color >> 16 & 0xFF), L::SplatHalf(color >> 8 & 0xFF),
                 L::SplatHalf(color & 0xFF)};
@@ -206,7 +239,6 @@ struct Color32Lanes {
     static void Store(std::uint8_t* p, Block pixels, Count count) {
         L::StoreWords(p, pixels, count);
     }
-    static Block Splat(std::uint32_t pixel) { return L::SplatWord(pixel); }
     static Colors SplatColor(std::uint32_t color) { return L::SplatWord(color); }
     template <class Count>
     static Alphas LoadMask(const std::uint8_t* p, Count count) {

@@ -57,6 +57,11 @@ inline auto UseOneBlock(unsigned n, Use use) {
     return n < kPixels ? UseFew<L, kPixels>(n, use) : use(All{});
 }
 
+/// A mask of the first n of up to 64 units.
+inline std::uint64_t First(unsigned n) {
+    return n >= 64 ? ~std::uint64_t{0} : (std::uint64_t{1} << n) - 1;
+}
+
 template <class T>
 inline T LoadAs(const std::uint8_t* p) {
     T value;
@@ -136,7 +141,7 @@ struct BasicLanes {
     }
     template <unsigned kUnit>
     static void Store(std::uint8_t* p, Raw v, Some some) {
-        Register::template Store<kUnit>(p, v, some.n);
+        Register::template StoreUnder<kUnit>(First(some.n), p, v);
     }
     template <unsigned kUnit, unsigned k>
     static void Store(std::uint8_t* p, Raw v, Ends<k> ends) {
@@ -168,15 +173,30 @@ struct BasicLanes {
         Store<4>(p, AsRaw(v), count);
     }
 
+    /// A mask of the units that are equal: of bits, or in a register.
+    template <unsigned kUnit>
+    static auto EqualUnits(Raw a, Raw b) {
+        if constexpr (kHasMasks) {
+            return Register::template EqualUnits<kUnit>(a, b);
+        } else if constexpr (kUnit == 1) {
+            return AsBytes(AsBytes(a) == AsBytes(b));
+        } else if constexpr (kUnit == 2) {
+            return AsBytes(AsHalves(a) == AsHalves(b));
+        } else {
+            return AsBytes(AsWords(a) == AsWords(b));
+        }
+    }
+    template <unsigned kUnit>
+    static void StoreUnder(std::uint64_t mask, std::uint8_t* p, Raw v, All) {
+        Register::template StoreUnder<kUnit>(mask, p, v);
+    }
+    template <unsigned kUnit>
+    static void StoreUnder(std::uint64_t mask, std::uint8_t* p, Raw v, Some some) {
+        Register::template StoreUnder<kUnit>(mask & First(some.n), p, v);
+    }
+
     /// The lower half of each word, whose upper one is 0, in both of its halves.
     static U16 InBothHalves(U32 words) { return AsHalves(words | words << 16); }
-
-    /// The old pixels where the fresh ones equal the key.
-    template <class Vector>
-    static Vector KeepKeyed(Vector old, Vector fresh, Vector key) {
-        const auto isKey = reinterpret_cast<Vector>(fresh == key);
-        return (old & isKey) | (fresh & ~isKey);
-    }
 
     template <class Vector>
     static Raw AsRaw(Vector v) {

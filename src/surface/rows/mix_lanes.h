@@ -13,6 +13,12 @@
 namespace gfx {
 namespace {
 
+/// Selects the old pixels where a mask is set.
+template <class Block>
+inline Block KeepWhere(Block mask, Block old, Block fresh) {
+    return (old & mask) | (fresh & ~mask);
+}
+
 /// The weights of old pixels under alphas 0..255, see OldWeight.
 template <class Vector>
 inline Vector OldWeights(Vector alphas) {

@@ -12,12 +12,6 @@ namespace {
 using Byte = std::uint8_t;
 using Word = std::uint32_t;
 
-/// Selects the old pixels where a mask is set.
-template <class Block>
-inline Block KeepWhere(Block mask, Block old, Block fresh) {
-    return (old & mask) | (fresh & ~mask);
-}
-
 /// The kernels of one format over one set of vectors.
 template <template <class> class FormatLanes, class L>
 struct BlockKernels {
@@ -49,10 +43,12 @@ struct BlockKernels {
     }
 
     static unsigned CopyKeyed(PixelRows to, PixelRows from, unsigned w, unsigned h, Word key) {
-        const auto keys = F::Splat(key);
-        return Walk<Format>(to, from, w, h, [&](const Byte* p, const Byte* source, auto count) {
-            return L::KeepKeyed(F::Load(p, count), F::Load(source, count), keys);
-        });
+        using Blocks = KeyedPixels<L, Format>;
+        const auto keys = L::AsRaw(L::SplatWord(key * kRepeats<Format>));
+        return WalkRowPairs<L, Format, Format, Blocks>(
+            to, from, w, h, [&](const Byte* p, const Byte* source, auto count) {
+                return Blocks::Load(p, source, keys, count);
+            });
     }
 
     static unsigned ToWords(PixelRows to, PixelRows from, unsigned w, unsigned h, Word alpha) {
@@ -119,16 +115,9 @@ private:
     }
 };
 
-/// The pixel that a colour is stored as, repeated through a word.
-template <class Format>
-inline Word FillPattern(Word color) {
-    constexpr Word kRepeats[] = {0, 0x01010101, 0x00010001, 0, 1};
-    return Format::FromRgb(color) * kRepeats[sizeof(typename Format::Unit)];
-}
-
 template <class Format, class L>
 void Fill(PixelRows to, unsigned w, unsigned h, Word color) {
-    const auto pattern = L::AsRaw(L::SplatWord(FillPattern<Format>(color)));
+    const auto pattern = L::AsRaw(L::SplatWord(Format::FromRgb(color) * kRepeats<Format>));
     WalkRows<L, Format, RawPixels<L, Format>>(to, w, h, [&](const Byte*, auto) { return pattern; });
 }
 
