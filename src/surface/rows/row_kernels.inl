@@ -4,6 +4,7 @@
 // for why all of it is in an unnamed namespace.
 #include "surface/rows/copy_bytes.h"
 #include "surface/rows/format_lanes.h"
+#include "surface/rows/lanes_baseline.h"
 #include "surface/rows/row_walk.h"
 
 namespace gfx {
@@ -115,8 +116,13 @@ private:
     }
 };
 
+/// Rows of up to 32 bytes go by 16: a store across a cache line costs more the wider it is. Squares
+/// of 16 pixels take a sixth less in 5-6-5, a fifth in 8 bits. Copies were not seen to gain.
 template <class Format, class L>
 void Fill(PixelRows to, unsigned w, unsigned h, Word color) {
+    if (L::kBytes == 32 && BytesOf<Format>(w) <= 32) {
+        return Fill<Format, BaselineLanes>(to, w, h, color);
+    }
     const auto pattern = L::AsRaw(L::SplatWord(Format::FromRgb(color) * kRepeats<Format>));
     WalkRows<L, Format, RawPixels<L, Format>>(to, w, h, [&](const Byte*, auto) { return pattern; });
 }
