@@ -7,6 +7,7 @@ namespace {
 using Wide = Lanes256;
 using Narrow = Lanes256;
 
+/// Few pixels cost no more in a wide register's lower part than in a narrow register.
 inline bool IsNarrow(unsigned, unsigned, Load) { return false; }
 }  // namespace
 }  // namespace gfx
