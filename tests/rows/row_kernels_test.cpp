@@ -162,13 +162,18 @@ struct Rows {
     std::vector<std::uint8_t*> table;
 };
 
-/// Colour words with telling alphas, some equal to the key; or pixels, some equal to it.
+/// Colour words with telling alphas, in runs of invisible, opaque and any ones, some equal to the
+/// key; or pixels, some equal to it.
 void Seed(Rows& rows, Storage storage, unsigned columns, Word key) {
     for (std::uint8_t* row : rows.table) {
+        Word run = 0;
         for (unsigned x = 0; x < columns; ++x) {
-            const bool isKey = RandomBits() % 8 == 0;
+            const bool isKey = RandomBits() % 16 == 0;
+            if (x == 0 || RandomBits() % 32 == 0) run = RandomBits() % 3;
             if (storage == Storage::Color32) {
-                gfx::StorePixel<Color32>(row, x, isKey ? key : RandomWord());
+                const Word words[] = {RandomBits() & 0x00FFFFFF, RandomBits() | 0xFF000000,
+                                      RandomWord()};
+                gfx::StorePixel<Color32>(row, x, isKey ? key : words[run]);
             } else if (isKey && storage == Storage::Rgb565) {
                 gfx::StorePixel<Rgb565>(row, x, Rgb565::FromRgb(key));
             } else if (isKey) {

@@ -17,6 +17,9 @@ namespace gfx {
 namespace {
 
 template <class L>
+struct Color32Lanes;
+
+template <class L>
 struct Grey8Lanes {
     using Format = Grey8;
     using Block = typename L::U16;  // a half a pixel
@@ -32,9 +35,7 @@ struct Grey8Lanes {
     static void Store(std::uint8_t* p, Block pixels, Count count) {
         L::StoreHalvesAsBytes(p, pixels, count);
     }
-    static Block Splat(std::uint32_t pixel) { return L::SplatHalf(pixel); }
-    static Alphas SplatAlpha(std::uint32_t alpha) { return L::SplatHalf(alpha); }
-    static Colors SplatColor(std::uint32_t color) { return Splat(RgbToGrey(color)); }
+    static Colors SplatColor(std::uint32_t color) { return L::SplatHalf(RgbToGrey(color)); }
     template <class Count>
     static Alphas LoadMask(const std::uint8_t* p, Count count) {
         return L::LoadBytesAsHalves(p, count);
@@ -54,34 +55,29 @@ struct Grey8Lanes {
     static Block Mix(Block old, Colors colors, Alphas alphas) {
         return MixHalves(old, colors, OldWeights(alphas)) >> 8;
     }
-    static Block PutOpaque(Block, const Words& words) { return FromWords(words); }
 
     /// Works on bytes, the even and the odd ones in halves of their own: twice as many a register
     /// as widened ones.
     struct Solid {
-        static constexpr unsigned kPixels = L::kBytes;
         Block weight, share;
 
         explicit Solid(std::uint32_t color)
             : weight(L::SplatHalf(OldWeight(AlphaOf(color)))),
               share(L::SplatHalf(RgbToGrey(color) * (256 - OldWeight(AlphaOf(color))))) {}
 
-        template <class Count>
-        void BlendInto(std::uint8_t* p, Count count) const {
-            const Block old = L::AsHalves(L::LoadBytes(p, count));
+        Block Blend(Block old) const {
             const Block even = ((old & 0x00FF) * weight + share) >> 8;
             const Block odd = ((old >> 8) * weight + share) & 0xFF00;
-            L::StoreBytes(p, L::AsBytes(even | odd), count);
+            return even | odd;
         }
     };
 
-    /// Pixels become colour words in blocks of kExpanded.
-    static constexpr unsigned kExpanded = L::kWords;
+    /// Pixels become colour words, in blocks of their own size.
+    using Expanded = Color32Lanes<L>;
     template <class Count>
-    static void Expand(std::uint8_t* words, const std::uint8_t* pixels, std::uint32_t alpha,
-                       Count count) {
+    static typename L::U32 Expand(const std::uint8_t* pixels, std::uint32_t alpha, Count count) {
         const typename L::U32 grey = L::LoadBytesAsWords(pixels, count);
-        L::StoreWords(words, grey | grey << 8 | grey << 16 | alpha << 24, count);
+        return grey | grey << 8 | grey << 16 | alpha << 24;
     }
 };
 
@@ -103,8 +99,6 @@ struct Rgb565Lanes {
     static void Store(std::uint8_t* p, Block pixels, Count count) {
         L::StoreHalves(p, pixels, count);
     }
-    static Block Splat(std::uint32_t pixel) { return L::SplatHalf(pixel); }
-    static Alphas SplatAlpha(std::uint32_t alpha) { return L::SplatHalf(alpha); }
     static Colors SplatColor(std::uint32_t color) {
         return {L::SplatHalf(color >> 16 & 0xFF), L::SplatHalf(color >> 8 & 0xFF),
                 L::SplatHalf(color & 0xFF)};
@@ -143,7 +137,6 @@ struct Rgb565Lanes {
                      MixHalves(wide.green, colors.green, weights),
                      MixHalves(wide.blue, colors.blue, weights)});
     }
-    static Block PutOpaque(Block, const Words& words) { return FromWords(words); }
 
     /// Pixels of 256 times their channels.
     static Block Pack(const Colors& sums) {
@@ -151,7 +144,6 @@ struct Rgb565Lanes {
     }
 
     struct Solid {
-        static constexpr unsigned kPixels = L::kHalves;
         Block weight;
         Colors shares;
 
@@ -163,23 +155,19 @@ struct Rgb565Lanes {
             shares.blue *= colorWeight;
         }
 
-        template <class Count>
-        void BlendInto(std::uint8_t* p, Count count) const {
-            const Colors wide = ChannelsOf(Load(p, count));
-            Store(p,
-                  Pack({wide.red * weight + shares.red, wide.green * weight + shares.green,
-                        wide.blue * weight + shares.blue}),
-                  count);
+        Block Blend(Block old) const {
+            const Colors wide = ChannelsOf(old);
+            return Pack({wide.red * weight + shares.red, wide.green * weight + shares.green,
+                         wide.blue * weight + shares.blue});
         }
     };
 
-    static constexpr unsigned kExpanded = L::kHalves;
+    using Expanded = Words;
     template <class Count>
-    static void Expand(std::uint8_t* words, const std::uint8_t* pixels, std::uint32_t alpha,
-                       Count count) {
+    static Words Expand(const std::uint8_t* pixels, std::uint32_t alpha, Count count) {
         const Colors wide = ChannelsOf(Load(pixels, count));
         const Block alphaRed = wide.red | L::SplatHalf(alpha << 8);
-        Words::Interleave(wide.blue | wide.green << 8, alphaRed).Store(words, count);
+        return Words::Interleave(wide.blue | wide.green << 8, alphaRed);
     }
 };
 
@@ -200,8 +188,6 @@ struct Color32Lanes {
     static void Store(std::uint8_t* p, Block pixels, Count count) {
         L::StoreWords(p, pixels, count);
     }
-    static Block Splat(std::uint32_t pixel) { return L::SplatWord(pixel); }
-    static Alphas SplatAlpha(std::uint32_t alpha) { return L::SplatWord(alpha); }
     static Colors SplatColor(std::uint32_t color) { return L::SplatWord(color); }
     template <class Count>
     static Alphas LoadMask(const std::uint8_t* p, Count count) {
@@ -235,12 +221,8 @@ struct Color32Lanes {
                                             L::AsHalves(weights | 256U << 16));
         return L::AsWords(redBlue >> 8) | (L::AsWords(alphaGreen) & 0xFF00FF00U);
     }
-    static Block PutOpaque(Block old, const Words& words) {
-        return (old & 0xFF000000U) | (words.words & 0x00FFFFFFU);
-    }
 
     struct Solid {
-        static constexpr unsigned kPixels = L::kWords;
         Halves redBlueWeight, alphaGreenWeight, redBlueShare, greenShare;
 
         explicit Solid(std::uint32_t color) {
@@ -252,21 +234,18 @@ struct Color32Lanes {
             greenShare = L::AsHalves(L::SplatWord((color >> 8 & 0xFFU) * share));
         }
 
-        template <class Count>
-        void BlendInto(std::uint8_t* p, Count count) const {
-            const Block old = Load(p, count);
+        Block Blend(Block old) const {
             const Halves redBlue =
                 (L::AsHalves(old & 0x00FF00FFU) * redBlueWeight + redBlueShare) >> 8;
             const Halves alphaGreen = (L::AsHalves(old) >> 8) * alphaGreenWeight + greenShare;
-            Store(p, L::AsWords(redBlue) | (L::AsWords(alphaGreen) & 0xFF00FF00U), count);
+            return L::AsWords(redBlue) | (L::AsWords(alphaGreen) & 0xFF00FF00U);
         }
     };
 
-    static constexpr unsigned kExpanded = L::kWords;
+    using Expanded = Color32Lanes;
     template <class Count>
-    static void Expand(std::uint8_t* words, const std::uint8_t* pixels, std::uint32_t,
-                       Count count) {
-        L::StoreWords(words, L::LoadWords(pixels, count), count);
+    static Block Expand(const std::uint8_t* pixels, std::uint32_t, Count count) {
+        return Load(pixels, count);
     }
 };
 

@@ -9,30 +9,36 @@
 namespace gfx {
 namespace {
 
-/// Loads and stores of 32 bytes, or of the first few. Masked stores of AVX2 know no units below
-/// words and are slow on some processors: the few go as halves of the register.
+/// Loads and stores of 32 bytes, or of two runs of up to 16. Masked stores of AVX2 know no units
+/// below words and are slow on some processors.
 struct Register256 {
     static constexpr unsigned kBytes = 32;
+    static constexpr bool kHasMasks = false;
     using Raw = __m256i;
 
     static __m256i Load(const std::uint8_t* p) {
         return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
     }
-    template <unsigned kUnit>
-    static __m256i Load(const std::uint8_t* p, unsigned n) {
-        constexpr unsigned kHalf = 16 / kUnit;
-        if (n < kHalf) return _mm256_zextsi128_si256(Register128::Load<kUnit>(p, n));
-        return _mm256_set_m128i(Register128::Load<kUnit>(p + 16, n - kHalf), Register128::Load(p));
+    template <unsigned kRun>
+    static __m256i LoadTwo(const std::uint8_t* first, const std::uint8_t* last) {
+        if constexpr (kRun == 16) {
+            return _mm256_set_m128i(Register128::Load(last), Register128::Load(first));
+        } else {
+            return _mm256_zextsi128_si256(Register128::LoadTwo<kRun>(first, last));
+        }
     }
     static void Store(std::uint8_t* p, __m256i v) {
         _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), v);
     }
-    template <unsigned kUnit>
-    static void Store(std::uint8_t* p, __m256i v, unsigned n) {
-        constexpr unsigned kHalf = 16 / kUnit;
-        if (n < kHalf) return Register128::Store<kUnit>(p, _mm256_castsi256_si128(v), n);
-        Register128::Store(p, _mm256_castsi256_si128(v));
-        Register128::Store<kUnit>(p + 16, _mm256_extracti128_si256(v, 1), n - kHalf);
+    template <unsigned kRun>
+    static void StoreTwo(std::uint8_t* first, std::uint8_t* last, __m256i v) {
+        const __m128i low = _mm256_castsi256_si128(v);
+        if constexpr (kRun == 16) {
+            Register128::Store(first, low);
+            Register128::Store(last, _mm256_extracti128_si256(v, 1));
+        } else {
+            Register128::StoreTwo<kRun>(first, last, low);
+        }
     }
 };
 
@@ -40,20 +46,23 @@ struct Lanes256 : BasicLanes<Register256> {
     static U16 LoadBytesAsHalves(const std::uint8_t* p, All) {
         return AsHalves(_mm256_cvtepu8_epi16(Register128::Load(p)));
     }
-    static U16 LoadBytesAsHalves(const std::uint8_t* p, Some s) {
-        return AsHalves(_mm256_cvtepu8_epi16(Register128::Load<1>(p, s.n)));
+    template <unsigned k>
+    static U16 LoadBytesAsHalves(const std::uint8_t* p, Ends<k> ends) {
+        return AsHalves(_mm256_cvtepu8_epi16(Lanes128::Load<1>(p, ends)));
     }
     static U32 LoadBytesAsWords(const std::uint8_t* p, All) {
         return AsWords(_mm256_cvtepu8_epi32(Register128::LoadLow(p)));
     }
-    static U32 LoadBytesAsWords(const std::uint8_t* p, Some s) {
-        return AsWords(_mm256_cvtepu8_epi32(Register128::Load<1>(p, s.n)));
+    template <unsigned k>
+    static U32 LoadBytesAsWords(const std::uint8_t* p, Ends<k> ends) {
+        return AsWords(_mm256_cvtepu8_epi32(Lanes128::Load<1>(p, ends)));
     }
     static void StoreHalvesAsBytes(std::uint8_t* p, U16 v, All) {
         Register128::Store(p, NarrowHalves(v));
     }
-    static void StoreHalvesAsBytes(std::uint8_t* p, U16 v, Some s) {
-        Register128::Store<1>(p, NarrowHalves(v), s.n);
+    template <unsigned k>
+    static void StoreHalvesAsBytes(std::uint8_t* p, U16 v, Ends<k> ends) {
+        Lanes128::Store<1>(p, NarrowHalves(v), ends);
     }
 
     static U16 PackLow(U32 a, U32 b) {

@@ -15,16 +15,18 @@
 namespace gfx {
 namespace {
 
-/// A mask of the first n of up to 64 units.
-inline std::uint64_t First(unsigned n) {
-    return n >= 64 ? ~std::uint64_t{0} : (std::uint64_t{1} << n) - 1;
-}
-
 struct Register512 {
     static constexpr unsigned kBytes = 64;
+    static constexpr bool kHasMasks = true;
     using Raw = __m512i;
 
-    static Raw Load(const std::uint8_t* p) { return _mm512_loadu_si512(p); }
+    /// Into a register: g++ would rather load again for each use, which doubles up where blocks
+    /// cross cache lines. Blending words takes a sixth less in 32 bits, a tenth below.
+    static Raw Load(const std::uint8_t* p) {
+        Raw v = _mm512_loadu_si512(p);
+        __asm__("" : "+v"(v));
+        return v;
+    }
     template <unsigned kUnit>
     static Raw Load(const std::uint8_t* p, unsigned n) {
         if constexpr (kUnit == 1) return _mm512_maskz_loadu_epi8(First(n), p);
@@ -35,17 +37,24 @@ struct Register512 {
     }
     static void Store(std::uint8_t* p, Raw v) { _mm512_storeu_si512(p, v); }
     template <unsigned kUnit>
-    static void Store(std::uint8_t* p, Raw v, unsigned n) {
-        if constexpr (kUnit == 1) return _mm512_mask_storeu_epi8(p, First(n), v);
+    static void StoreUnder(std::uint64_t mask, std::uint8_t* p, Raw v) {
+        if constexpr (kUnit == 1) return _mm512_mask_storeu_epi8(p, mask, v);
         if constexpr (kUnit == 2) {
-            return _mm512_mask_storeu_epi16(p, static_cast<__mmask32>(First(n)), v);
+            return _mm512_mask_storeu_epi16(p, static_cast<__mmask32>(mask), v);
         }
-        _mm512_mask_storeu_epi32(p, static_cast<__mmask16>(First(n)), v);
+        _mm512_mask_storeu_epi32(p, static_cast<__mmask16>(mask), v);
+    }
+    template <unsigned kUnit>
+    static std::uint64_t EqualUnits(Raw a, Raw b) {
+        if constexpr (kUnit == 1) return _mm512_cmpeq_epi8_mask(a, b);
+        if constexpr (kUnit == 2) return _mm512_cmpeq_epi16_mask(a, b);
+        return _mm512_cmpeq_epi32_mask(a, b);
     }
 };
 
 struct MaskedRegister256 {
     static constexpr unsigned kBytes = 32;
+    static constexpr bool kHasMasks = true;
     using Raw = __m256i;
 
     static Raw Load(const std::uint8_t* p) {
@@ -65,14 +74,20 @@ struct MaskedRegister256 {
         _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), v);
     }
     template <unsigned kUnit>
-    static void Store(std::uint8_t* p, Raw v, unsigned n) {
+    static void StoreUnder(std::uint64_t mask, std::uint8_t* p, Raw v) {
         if constexpr (kUnit == 1) {
-            return _mm256_mask_storeu_epi8(p, static_cast<__mmask32>(First(n)), v);
+            return _mm256_mask_storeu_epi8(p, static_cast<__mmask32>(mask), v);
         }
         if constexpr (kUnit == 2) {
-            return _mm256_mask_storeu_epi16(p, static_cast<__mmask16>(First(n)), v);
+            return _mm256_mask_storeu_epi16(p, static_cast<__mmask16>(mask), v);
         }
-        _mm256_mask_storeu_epi32(p, static_cast<__mmask8>(First(n)), v);
+        _mm256_mask_storeu_epi32(p, static_cast<__mmask8>(mask), v);
+    }
+    template <unsigned kUnit>
+    static std::uint64_t EqualUnits(Raw a, Raw b) {
+        if constexpr (kUnit == 1) return _mm256_cmpeq_epi8_mask(a, b);
+        if constexpr (kUnit == 2) return _mm256_cmpeq_epi16_mask(a, b);
+        return _mm256_cmpeq_epi32_mask(a, b);
     }
 };
 
@@ -124,16 +139,6 @@ struct MaskedLanes256 : BasicLanes<MaskedRegister256> {
 };
 
 struct Lanes512 : BasicLanes<Register512> {
-    /// With masks, which the compilers do not find by themselves.
-    static U16 KeepKeyed(U16 old, U16 fresh, U16 key) {
-        return AsHalves(_mm512_mask_mov_epi16(
-            AsRaw(fresh), _mm512_cmpeq_epi16_mask(AsRaw(fresh), AsRaw(key)), AsRaw(old)));
-    }
-    static U32 KeepKeyed(U32 old, U32 fresh, U32 key) {
-        return AsWords(_mm512_mask_mov_epi32(
-            AsRaw(fresh), _mm512_cmpeq_epi32_mask(AsRaw(fresh), AsRaw(key)), AsRaw(old)));
-    }
-
     static U16 LoadBytesAsHalves(const std::uint8_t* p, All) {
         return AsHalves(_mm512_cvtepu8_epi16(MaskedRegister256::Load(p)));
     }
@@ -150,7 +155,7 @@ struct Lanes512 : BasicLanes<Register512> {
         MaskedRegister256::Store(p, _mm512_cvtepi16_epi8(AsRaw(v)));
     }
     static void StoreHalvesAsBytes(std::uint8_t* p, U16 v, Some s) {
-        MaskedRegister256::Store<1>(p, _mm512_cvtepi16_epi8(AsRaw(v)), s.n);
+        MaskedRegister256::StoreUnder<1>(First(s.n), p, _mm512_cvtepi16_epi8(AsRaw(v)));
     }
 
     static U16 PackLow(U32 a, U32 b) { return Gather(a, b, 0); }
@@ -182,6 +187,7 @@ private:
 /// The words beside a 256-bit register of halves fit one 512-bit register, which packs at once.
 template <>
 struct WordPair<MaskedLanes256> {
+    static constexpr unsigned kPixels = MaskedLanes256::kHalves;
     Lanes512::U32 words;
 
     template <class Count>
@@ -200,8 +206,8 @@ struct WordPair<MaskedLanes256> {
         return {Widen(low) | Widen(high) << 16};
     }
     template <class Count>
-    void Store(std::uint8_t* p, Count count) const {
-        Lanes512::StoreWords(p, words, count);
+    static void Store(std::uint8_t* p, const WordPair& pair, Count count) {
+        Lanes512::StoreWords(p, pair.words, count);
     }
 
 private:

@@ -12,22 +12,27 @@ typedef std::uint64_t TwoWords64 __attribute__((vector_size(16)));
 
 struct PortableRegister {
     static constexpr unsigned kBytes = 16;
+    static constexpr bool kHasMasks = false;
     using Raw = TwoWords64;
 
     static Raw Load(const std::uint8_t* p) { return LoadAs<Raw>(p); }
-    template <unsigned kUnit>
-    static Raw Load(const std::uint8_t* p, unsigned n) {
-        const unsigned count = n * kUnit;
-        if (count == 16) return Load(p);
-        const Bytes16 bytes = LoadFew(p, count);
-        return Raw{bytes.low, bytes.high};
+    template <unsigned kRun>
+    static Raw LoadTwo(const std::uint8_t* first, const std::uint8_t* last) {
+        if constexpr (kRun == 8) {
+            return Raw{LoadAs<std::uint64_t>(first), LoadAs<std::uint64_t>(last)};
+        } else {
+            return Raw{LoadRuns<kRun>(first, last), 0};
+        }
     }
     static void Store(std::uint8_t* p, Raw v) { std::memcpy(p, &v, sizeof v); }
-    template <unsigned kUnit>
-    static void Store(std::uint8_t* p, Raw v, unsigned n) {
-        const unsigned count = n * kUnit;
-        if (count == 16) return Store(p, v);
-        StoreFew(p, {v[0], v[1]}, count);
+    template <unsigned kRun>
+    static void StoreTwo(std::uint8_t* first, std::uint8_t* last, Raw v) {
+        if constexpr (kRun == 8) {
+            StoreAs<std::uint64_t>(first, v[0]);
+            StoreAs<std::uint64_t>(last, v[1]);
+        } else {
+            StoreRuns<kRun>(first, last, v[0]);
+        }
     }
 };
 
@@ -35,21 +40,24 @@ struct PortableLanes : BasicLanes<PortableRegister> {
     static U16 LoadBytesAsHalves(const std::uint8_t* p, All) {
         return WidenBytes(Raw{LoadAs<std::uint64_t>(p), 0});
     }
-    static U16 LoadBytesAsHalves(const std::uint8_t* p, Some s) {
-        return WidenBytes(PortableRegister::Load<1>(p, s.n));
+    template <unsigned k>
+    static U16 LoadBytesAsHalves(const std::uint8_t* p, Ends<k> ends) {
+        return WidenBytes(Load<1>(p, ends));
     }
     static U32 LoadBytesAsWords(const std::uint8_t* p, All) {
         return WidenHalves(WidenBytes(Raw{LoadAs<std::uint32_t>(p), 0}));
     }
-    static U32 LoadBytesAsWords(const std::uint8_t* p, Some s) {
-        return WidenHalves(WidenBytes(PortableRegister::Load<1>(p, s.n)));
+    template <unsigned k>
+    static U32 LoadBytesAsWords(const std::uint8_t* p, Ends<k> ends) {
+        return WidenHalves(WidenBytes(Load<1>(p, ends)));
     }
     /// Halves must not exceed 255.
     static void StoreHalvesAsBytes(std::uint8_t* p, U16 v, All) {
         StoreAs<std::uint64_t>(p, AsRaw(NarrowHalves(v))[0]);
     }
-    static void StoreHalvesAsBytes(std::uint8_t* p, U16 v, Some s) {
-        PortableRegister::Store<1>(p, AsRaw(NarrowHalves(v)), s.n);
+    template <unsigned k>
+    static void StoreHalvesAsBytes(std::uint8_t* p, U16 v, Ends<k> ends) {
+        Store<1>(p, AsRaw(NarrowHalves(v)), ends);
     }
 
     /// The low, or high, halves of the words of two blocks, in their order.

@@ -13,6 +13,12 @@
 namespace gfx {
 namespace {
 
+/// Selects the old pixels where a mask is set.
+template <class Block>
+inline Block KeepWhere(Block mask, Block old, Block fresh) {
+    return (old & mask) | (fresh & ~mask);
+}
+
 /// The weights of old pixels under alphas 0..255, see OldWeight.
 template <class Vector>
 inline Vector OldWeights(Vector alphas) {
@@ -74,6 +80,7 @@ inline typename L::U32 Pixels16OfWords(typename L::U32 words) {
 /// As many colour words as there are halves in a register of L: two registers of them.
 template <class L>
 struct WordPair {
+    static constexpr unsigned kPixels = L::kHalves;
     typename L::U32 first, second;
 
     static WordPair Load(const std::uint8_t* words, All) {
@@ -83,6 +90,14 @@ struct WordPair {
         if (some.n < L::kWords) return {L::LoadWords(words, some), typename L::U32{}};
         return {L::LoadWords(words, All{}),
                 L::LoadWords(words + L::kBytes, Some{some.n - L::kWords})};
+    }
+    template <unsigned k>
+    static WordPair Load(const std::uint8_t* words, Ends<k> ends) {
+        if constexpr (k < L::kWords) {
+            return {L::LoadWords(words, ends), typename L::U32{}};
+        } else {
+            return {L::LoadWords(words, All{}), L::LoadWords(ends.template Last<4>(words), All{})};
+        }
     }
 
     typename L::U16 Low() const { return L::PackLow(first, second); }
@@ -99,14 +114,23 @@ struct WordPair {
         return {L::InterleaveFirst(low, high), L::InterleaveSecond(low, high)};
     }
 
-    void Store(std::uint8_t* p, All) const {
-        L::StoreWords(p, first, All{});
-        L::StoreWords(p + L::kBytes, second, All{});
+    static void Store(std::uint8_t* p, const WordPair& words, All) {
+        L::StoreWords(p, words.first, All{});
+        L::StoreWords(p + L::kBytes, words.second, All{});
     }
-    void Store(std::uint8_t* p, Some some) const {
-        if (some.n < L::kWords) return L::StoreWords(p, first, some);
-        L::StoreWords(p, first, All{});
-        L::StoreWords(p + L::kBytes, second, Some{some.n - L::kWords});
+    static void Store(std::uint8_t* p, const WordPair& words, Some some) {
+        if (some.n < L::kWords) return L::StoreWords(p, words.first, some);
+        L::StoreWords(p, words.first, All{});
+        L::StoreWords(p + L::kBytes, words.second, Some{some.n - L::kWords});
+    }
+    template <unsigned k>
+    static void Store(std::uint8_t* p, const WordPair& words, Ends<k> ends) {
+        if constexpr (k < L::kWords) {
+            L::StoreWords(p, words.first, ends);
+        } else {
+            L::StoreWords(p, words.first, All{});
+            L::StoreWords(ends.template Last<4>(p), words.second, All{});
+        }
     }
 };
 

@@ -1,4 +1,5 @@
-// Walking the rows of rectangles in blocks: whole ones, then the first few pixels of a last one.
+// Walking the rows of rectangles in blocks. A row longer than a block ends in a whole one that may
+// overlap the one before it; a shorter row is a block of few pixels.
 // Unnamed namespace: see pixel_format.h.
 #ifndef GFX_SURFACE_ROWS_ROW_WALK_H
 #define GFX_SURFACE_ROWS_ROW_WALK_H
@@ -31,52 +32,72 @@ inline std::uint8_t* RowOf(PixelRows rows, unsigned j) {
 /// How much a kernel spends on a pixel.
 enum class Load { Light, Heavy };
 
-/// Calls row(blocks) for each row, up to the first for which it returns false; blocks(step) calls
-/// step(i, All) for each whole block of w pixels, then step(i, Some) for what is left. Rows shorter
-/// than a block have a loop of their own: their mask is made once then, not once a row.
+/// Calls row(j, blocks) for each row, up to the first for which it returns false. blocks(make,
+/// put, settle) covers the w pixels with blocks at i: put(i, make(i, count), count). The last one
+/// is made before the one that it may overlap is put, so that each pixel is made of what it was
+/// before. settle(i) may do any block but the last two in a way of its own; it then returns true.
 /// @return the rows done.
-template <unsigned kBlockPixels, class Row>
+template <class L, unsigned kPixels, class Row>
 inline unsigned ForEachRow(unsigned w, unsigned h, Row row) {
-    const Some rest{w % kBlockPixels};
-    if (w < kBlockPixels) {
+    const auto forEachRow = [&](auto blocks) {
         for (unsigned j = 0; j < h; ++j) {
-            if (!row(j, [rest](auto step) { step(0, rest); })) return j;
+            if (!row(j, blocks)) return j;
         }
         return h;
-    }
-    const std::size_t whole = w - rest.n;
-    const auto blocks = [=](auto step) {
-        for (std::size_t i = 0; i < whole; i += kBlockPixels)
-            step(i, All{});
-        if (rest.n != 0) step(whole, rest);
     };
-    for (unsigned j = 0; j < h; ++j) {
-        if (!row(j, blocks)) return j;
+    if (w == 0) return h;
+    if (w <= kPixels) {
+        return UseOneBlock<L, kPixels>(w, [&](auto count) {
+            return forEachRow(
+                [count](auto make, auto put, auto) { put(0, make(0, count), count); });
+        });
     }
-    return h;
+    const std::size_t end = w - kPixels;
+    return forEachRow([end](auto make, auto put, auto settle) {
+        std::size_t i = 0;
+        for (; i + kPixels < end; i += kPixels) {
+            if (!settle(i)) put(i, make(i, All{}), All{});
+        }
+        const auto block = make(i, All{});
+        const auto last = make(end, All{});
+        put(i, block, All{});
+        put(end, last, All{});
+    });
 }
 
-/// Calls step(pixels, count) along each row of a rectangle.
-template <class Format, unsigned kBlockPixels, class Step>
-inline void WalkRows(PixelRows to, unsigned w, unsigned h, Step step) {
-    ForEachRow<kBlockPixels>(w, h, [&](unsigned j, auto blocks) {
+/// Replaces each block of a rectangle's pixels by make(pixels, count). `Blocks` stores them.
+template <class L, class Format, class Blocks, class Make>
+inline void WalkRows(PixelRows to, unsigned w, unsigned h, Make make) {
+    ForEachRow<L, Blocks::kPixels>(w, h, [&](unsigned j, auto blocks) {
         std::uint8_t* const row = RowOf<Format>(to, j);
-        blocks([&](std::size_t i, auto count) { step(row + BytesOf<Format>(i), count); });
+        blocks([&](std::size_t i, auto count) { return make(row + BytesOf<Format>(i), count); },
+               [&](std::size_t i, const auto& block, auto count) {
+                   Blocks::Store(row + BytesOf<Format>(i), block, count);
+               },
+               [](std::size_t) { return false; });
         return true;
     });
 }
 
-/// Calls step(target pixels, source pixels, count) along each pair of rows, up to the first pair
-/// that shares memory. @return the rows done.
-template <class To, class From, unsigned kBlockPixels, class Step>
-inline unsigned WalkRowPairs(PixelRows to, PixelRows from, unsigned w, unsigned h, Step step) {
-    return ForEachRow<kBlockPixels>(w, h, [&](unsigned j, auto blocks) {
+inline bool SettleNone(std::uint8_t*, const std::uint8_t*) { return false; }
+
+/// Replaces each block of pixels by make(target pixels, source pixels, count), but those that
+/// settle(target pixels, source pixels) has done, up to the first pair of rows that shares memory.
+/// @return the rows done.
+template <class L, class To, class From, class Blocks, auto settle = SettleNone, class Make>
+inline unsigned WalkRowPairs(PixelRows to, PixelRows from, unsigned w, unsigned h, Make make) {
+    return ForEachRow<L, Blocks::kPixels>(w, h, [&](unsigned j, auto blocks) {
         std::uint8_t* const row = RowOf<To>(to, j);
         const std::uint8_t* const source = RowOf<From>(from, j);
         if (Overlap(row, BytesOf<To>(w), source, BytesOf<From>(w))) return false;
-        blocks([&](std::size_t i, auto count) {
-            step(row + BytesOf<To>(i), source + BytesOf<From>(i), count);
-        });
+        blocks(
+            [&](std::size_t i, auto count) {
+                return make(row + BytesOf<To>(i), source + BytesOf<From>(i), count);
+            },
+            [&](std::size_t i, const auto& block, auto count) {
+                Blocks::Store(row + BytesOf<To>(i), block, count);
+            },
+            [&](std::size_t i) { return settle(row + BytesOf<To>(i), source + BytesOf<From>(i)); });
         return true;
     });
 }

@@ -1,8 +1,7 @@
-// Filling and copying rows, which need no pixel rule: bytes are bytes. Vectors at a row's end
-// overlap those before it instead of being cut, since pixels are only overwritten here.
+// Copying rows that may overlap, which needs no pixel rule: bytes are bytes.
 // Unnamed namespace: see pixel_format.h.
-#ifndef GFX_SURFACE_ROWS_COPY_FILL_H
-#define GFX_SURFACE_ROWS_COPY_FILL_H
+#ifndef GFX_SURFACE_ROWS_COPY_BYTES_H
+#define GFX_SURFACE_ROWS_COPY_BYTES_H
 
 #include <cstdint>
 #include <cstring>
@@ -17,20 +16,6 @@ namespace {
 template <class L>
 inline std::size_t ToBoundary(const std::uint8_t* p) {
     return L::kBytes - reinterpret_cast<std::uintptr_t>(p) % L::kBytes;
-}
-
-/// Stores a pattern of pixels of kUnit bytes along n bytes. Between the first vector and the last,
-/// which lie where they must, all lie on boundaries, or next to them where the pixels do not:
-/// stores across two cache lines take a third longer.
-template <class L, std::size_t kUnit>
-inline void FillBytes(std::uint8_t* p, std::size_t n, typename L::U8 pattern) {
-    if (n < L::kBytes) return L::StoreBytes(p, pattern, Some{static_cast<unsigned>(n)});
-    L::StoreBytes(p, pattern, All{});
-    if (n == L::kBytes) return;
-    for (std::size_t i = ToBoundary<L>(p) / kUnit * kUnit; i + L::kBytes < n; i += L::kBytes) {
-        L::StoreBytes(p + i, pattern, All{});
-    }
-    L::StoreBytes(p + n - L::kBytes, pattern, All{});
 }
 
 /// Copies n bytes, more than a vector, to memory that is apart from theirs. Stores lie on
@@ -49,9 +34,11 @@ inline void CopyApart(std::uint8_t* to, const std::uint8_t* from, std::size_t n)
 /// stored.
 template <class L>
 inline void CopyBytes(std::uint8_t* to, const std::uint8_t* from, std::size_t n) {
-    if (n < L::kBytes) {
-        const Some some{static_cast<unsigned>(n)};
-        return L::StoreBytes(to, L::LoadBytes(from, some), some);
+    if (n <= L::kBytes) {
+        if (n == 0) return;
+        return UseOneBlock<L, L::kBytes>(static_cast<unsigned>(n), [&](auto count) {
+            L::StoreBytes(to, L::LoadBytes(from, count), count);
+        });
     }
     if (n > 4 * L::kBytes) {
         if (!Overlap(to, n, from, n)) return CopyApart<L>(to, from, n);
@@ -59,7 +46,6 @@ inline void CopyBytes(std::uint8_t* to, const std::uint8_t* from, std::size_t n)
         return;
     }
     const auto first = L::LoadBytes(from, All{});
-    if (n == L::kBytes) return L::StoreBytes(to, first, All{});
     const auto last = L::LoadBytes(from + n - L::kBytes, All{});
     if (n > 2 * L::kBytes) {
         const auto second = L::LoadBytes(from + L::kBytes, All{});
@@ -74,4 +60,4 @@ inline void CopyBytes(std::uint8_t* to, const std::uint8_t* from, std::size_t n)
 }  // namespace
 }  // namespace gfx
 
-#endif  // GFX_SURFACE_ROWS_COPY_FILL_H
+#endif  // GFX_SURFACE_ROWS_COPY_BYTES_H
