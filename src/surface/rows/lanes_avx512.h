@@ -166,6 +166,20 @@ struct Lanes512 : BasicLanes<Register512> {
     static U32 MulAddPairs(U16 a, U16 b) { return AsWords(_mm512_madd_epi16(AsRaw(a), AsRaw(b))); }
     static bool AreEqual(U8 a, U8 b) { return _mm512_cmpneq_epu8_mask(AsRaw(a), AsRaw(b)) == 0; }
 
+    static U16 Indices() {
+        return U16{0,  1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 12, 13, 14, 15,
+                   16, 17, 18, 19, 20, 21, 22, 23, 24, 25, 26, 27, 28, 29, 30, 31};
+    }
+
+    /// Each half's entry in a table of 32 halves, or of 64 in two registers; higher bits of an
+    /// index do not count.
+    static U16 Lookup(U16 table, U16 index) {
+        return AsHalves(_mm512_permutexvar_epi16(AsRaw(index), AsRaw(table)));
+    }
+    static U16 Lookup(U16 low, U16 high, U16 index) {
+        return AsHalves(_mm512_permutex2var_epi16(AsRaw(low), AsRaw(index), AsRaw(high)));
+    }
+
 private:
     /// The halves start, start + 2, ... of a register pair.
     static U16 Gather(U32 a, U32 b, std::uint32_t start) {
