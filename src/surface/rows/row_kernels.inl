@@ -2,9 +2,9 @@
 // for each instruction set, which defines `Wide` and `Narrow`, the vector wrappers for long and for
 // narrow rows, and IsNarrow, which tells them apart, before it includes this; see pixel_format.h
 // for why all of it is in an unnamed namespace.
-#include "surface/rows/copy_bytes.h"
 #include "surface/rows/format_lanes.h"
 #include "surface/rows/lanes_baseline.h"
+#include "surface/rows/long_rows.h"
 #include "surface/rows/raw_pixels.h"
 #include "surface/rows/row_walk.h"
 
@@ -125,7 +125,13 @@ void Fill(PixelRows to, unsigned w, unsigned h, Word color) {
         return Fill<Format, BaselineLanes>(to, w, h, color);
     }
     const auto pattern = L::AsRaw(L::SplatWord(Format::FromRgb(color) * kRepeats<Format>));
-    WalkRows<L, Format, RawPixels<L, Format>>(to, w, h, [&](const Byte*, auto) { return pattern; });
+    using Pixels = RawPixels<L, Format>;
+    if (w <= Pixels::kPixels) {
+        return WalkRows<L, Format, Pixels>(to, w, h, [&](const Byte*, auto) { return pattern; });
+    }
+    for (unsigned j = 0; j < h; ++j) {
+        FillLong<L, Pixels::kUnit>(RowOf<Format>(to, j), BytesOf<Format>(w), pattern);
+    }
 }
 
 template <template <class> class FormatLanes, class L>

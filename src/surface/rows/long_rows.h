@@ -1,7 +1,7 @@
-// Copying rows that may overlap, which needs no pixel rule: bytes are bytes.
+// Filling long rows, and copying rows that may overlap: no pixel rule is needed, bytes are bytes.
 // Unnamed namespace: see pixel_format.h.
-#ifndef GFX_SURFACE_ROWS_COPY_BYTES_H
-#define GFX_SURFACE_ROWS_COPY_BYTES_H
+#ifndef GFX_SURFACE_ROWS_LONG_ROWS_H
+#define GFX_SURFACE_ROWS_LONG_ROWS_H
 
 #include <cstdint>
 #include <cstring>
@@ -16,6 +16,20 @@ namespace {
 template <class L>
 inline std::size_t ToBoundary(const std::uint8_t* p) {
     return L::kBytes - reinterpret_cast<std::uintptr_t>(p) % L::kBytes;
+}
+
+/// Stores a pattern of pixels of kUnit bytes along n bytes, more than a vector. Between the first
+/// vector and the last, which lie where they must, all lie on boundaries, or next to them where the
+/// pixels do not: stores across two cache lines take a third longer.
+template <class L, std::size_t kUnit>
+inline void FillLong(std::uint8_t* p, std::size_t n, typename L::Raw pattern) {
+    L::template Store<kUnit>(p, pattern, All{});
+    if (n > 2 * L::kBytes) {
+        for (std::size_t i = ToBoundary<L>(p) / kUnit * kUnit; i + L::kBytes < n; i += L::kBytes) {
+            L::template Store<kUnit>(p + i, pattern, All{});
+        }
+    }
+    L::template Store<kUnit>(p + n - L::kBytes, pattern, All{});
 }
 
 /// Copies n bytes, more than a vector, to memory that is apart from theirs. Stores lie on
@@ -60,4 +74,4 @@ inline void CopyBytes(std::uint8_t* to, const std::uint8_t* from, std::size_t n)
 }  // namespace
 }  // namespace gfx
 
-#endif  // GFX_SURFACE_ROWS_COPY_BYTES_H
+#endif  // GFX_SURFACE_ROWS_LONG_ROWS_H
