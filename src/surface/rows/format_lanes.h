@@ -202,7 +202,6 @@ struct Color32Lanes {
     using Format = Color32;
     using Block = typename L::U32;
     using Halves = typename L::U16;
-    using Alphas = Block;
     using Colors = Block;
     static constexpr unsigned kPixels = L::kWords;
 
@@ -216,7 +215,7 @@ struct Color32Lanes {
     }
     static Colors SplatColor(std::uint32_t color) { return L::SplatWord(color); }
     template <class Count>
-    static Alphas LoadMask(const std::uint8_t* p, Count count) {
+    static Block LoadMask(const std::uint8_t* p, Count count) {
         return L::LoadBytesAsWords(p, count);
     }
 
@@ -228,7 +227,7 @@ struct Color32Lanes {
             return {L::LoadWords(p, count)};
         }
     };
-    static Alphas AlphasOf(const Words& words) { return words.words >> 24; }
+    static auto AlphasOf(const Words& words) { return L::TopBytes(words.words); }
     static Block Matches(const Words& words, std::uint32_t key) {
         return L::AsWords(words.words == key);
     }
@@ -236,15 +235,17 @@ struct Color32Lanes {
     static Colors ColorsOf(const Words& words) { return words.words; }
 
     /// Red and blue share one multiplication, green and the alpha byte the other. Alpha mixes with
-    /// weight 256 and a colour of 0, which keeps the old byte.
+    /// weight 256 and a colour of 0, which keeps the old byte. Alphas are words, or stand in both
+    /// halves of words already.
+    template <class Alphas>
     static Block Mix(Block old, Colors colors, Alphas alphas) {
-        const Block weights = OldWeights(alphas);
+        const Alphas weights = OldWeights(alphas);
         const Halves green256 = L::AsHalves(colors & 0x0000FF00U);
         const Halves redBlue =
             MixHalves(L::AsHalves(old & 0x00FF00FFU), L::AsHalves(colors & 0x00FF00FFU),
                       L::AsHalves(colors) << 8, L::InBothHalves(weights));
         const Halves alphaGreen = MixHalves(L::AsHalves(old) >> 8, green256 >> 8, green256,
-                                            L::AsHalves(weights | 256U << 16));
+                                            L::WithHighHalves(weights, 256));
         return L::AsWords(redBlue >> 8) | (L::AsWords(alphaGreen) & 0xFF00FF00U);
     }
 

@@ -195,8 +195,19 @@ struct BasicLanes {
         Register::template StoreUnder<kUnit>(mask & First(some.n), p, v);
     }
 
-    /// The lower half of each word, whose upper one is 0, in both of its halves.
+    /// Words below 2^16, or halves that stand in both places of a word already: in both places; and
+    /// with another half in the upper place.
     static U16 InBothHalves(U32 words) { return AsHalves(words | words << 16); }
+    static U16 InBothHalves(U16 halves) { return halves; }
+    static U16 WithHighHalves(U32 words, std::uint32_t high) {
+        return AsHalves(words | high << 16);
+    }
+    static U16 WithHighHalves(U16 halves, std::uint32_t high) {
+        return AsHalves((AsWords(halves) & 0xFFFFU) | high << 16);
+    }
+
+    /// The top byte of each word, as one of the two.
+    static U32 TopBytes(U32 words) { return words >> 24; }
 
     template <class Vector>
     static Raw AsRaw(Vector v) {
