@@ -6,6 +6,7 @@ namespace gfx {
 namespace {
 using Wide = PortableLanes;
 using Narrow = PortableLanes;
+using SpriteLanes = PortableLanes;
 using WideCopy = PortableLanes;
 
 inline bool IsNarrow(unsigned, unsigned, Load) { return false; }

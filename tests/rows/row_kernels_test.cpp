@@ -240,6 +240,38 @@ TEST_P(EachFormat, Kernels_give_the_pixels_of_the_plain_rules_on_long_rows) {
     }
 }
 
+/// Words are blended in groups of rows, those of sprites by kernels of their own.
+TEST_P(EachFormat, Rows_of_sprites_and_other_rows_may_follow_each_other) {
+    constexpr unsigned kHeight = 40, kWidth = 300, kShared = 37;
+    const auto isSpriteRow = [](unsigned y) { return y < 16 || y >= 32; };
+    for (const RowKernels* table : AllTables()) {
+        Rows target(GetParam(), kWidth, kHeight, 1), from(Storage::Color32, kWidth, kHeight, 2);
+        for (unsigned y = 0; y < kHeight; ++y) {
+            for (unsigned x = 0; x < kWidth; ++x) {
+                const Word alpha = (x / 24 + y) % 2 == 0 ? 0x00 : 0xFF;
+                const Word word = isSpriteRow(y) && x % 24 != 5 ? alpha << 24 | (RandomBits() >> 8)
+                                                                : RandomWord();
+                gfx::StorePixel<Color32>(from.table[y], x, word);
+            }
+        }
+        const FencedMemory before = target.memory;
+        std::vector<std::uint8_t*> sources = from.table;
+        sources[kShared] = target.table[kShared];
+        ASSERT_EQ(kShared, (*table)[GetParam()].blendWords({target.table.data(), 0},
+                                                           {sources.data(), 0}, kWidth, kHeight))
+            << table->name;
+        for (unsigned y = 0; y < kHeight; ++y) {
+            for (unsigned x = 0; x < kWidth; ++x) {
+                const Word old = Load(GetParam(), before.Row(y), x);
+                const Word word = gfx::LoadPixel<Color32>(from.table[y], x);
+                const Word expected = y < kShared ? RulesOf(GetParam()).blend(old, word) : old;
+                ASSERT_EQ(expected, Load(GetParam(), target.memory.Row(y), x))
+                    << table->name << " at (" << x << ", " << y << ")";
+            }
+        }
+    }
+}
+
 std::string NameOf(const testing::TestParamInfo<Storage>& info) {
     const char* const names[] = {"None", "Grey8", "Rgb565", "Color32"};
     return names[static_cast<unsigned>(info.param)];

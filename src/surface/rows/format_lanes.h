@@ -52,6 +52,7 @@ struct Grey8Lanes {
         return words.Map([]<class M>(M, typename M::U32 w) { return GreysOfWords<M>(w); });
     }
     static Colors ColorsOf(const Words& words) { return FromWords(words); }
+    static Block PutOpaque(const std::uint8_t*, const Words& words) { return FromWords(words); }
 
     static Block Mix(Block old, Colors colors, Alphas alphas) {
         return MixHalves(old, colors, OldWeights(alphas)) >> 8;
@@ -122,6 +123,8 @@ struct Rgb565Lanes {
         const Block low = words.Low();
         return {words.High() & 0xFF, low >> 8, low & 0xFF};
     }
+
+    static Block PutOpaque(const std::uint8_t*, const Words& words) { return FromWords(words); }
 
     /// The channels of pixels, widened to 8 bits. A channel at the top of its half, times 264 = 2^8
     /// + 2^3 (6 bits: 8320 = 2^13 + 2^7, from its own place), shifted down by 16, is the bit
@@ -226,6 +229,8 @@ struct Color32Lanes {
         static Words Load(const std::uint8_t* p, Count count) {
             return {L::LoadWords(p, count)};
         }
+        bool AreOpaque() const { return L::AreTopBytesZero(words); }
+        bool AreInvisible() const { return L::AreTopBytesFull(words); }
     };
     static auto AlphasOf(const Words& words) { return L::TopBytes(words.words); }
     static Block Matches(const Words& words, std::uint32_t key) {
@@ -247,6 +252,11 @@ struct Color32Lanes {
         const Halves alphaGreen = MixHalves(L::AsHalves(old) >> 8, green256 >> 8, green256,
                                             L::WithHighHalves(weights, 256));
         return L::AsWords(redBlue >> 8) | (L::AsWords(alphaGreen) & 0xFF00FF00U);
+    }
+
+    /// Opaque colours, as blending stores them: over the old alpha bytes.
+    static Block PutOpaque(const std::uint8_t* old, const Words& words) {
+        return KeepWhere(L::SplatWord(0xFF000000U), Load(old, All{}), words.words);
     }
 
     struct Solid {

@@ -86,6 +86,14 @@ struct Lanes256 : BasicLanes<Register256> {
     }
     static U16 MulHigh(U16 a, U16 b) { return AsHalves(_mm256_mulhi_epu16(AsRaw(a), AsRaw(b))); }
     static U32 MulAddPairs(U16 a, U16 b) { return AsWords(_mm256_madd_epi16(AsRaw(a), AsRaw(b))); }
+    static bool AreTopBytesZero(U32 words) {
+        return _mm256_testz_si256(AsRaw(words), _mm256_set1_epi32(static_cast<int>(0xFF000000))) !=
+               0;
+    }
+    static bool AreTopBytesFull(U32 words) {
+        return _mm256_testc_si256(AsRaw(words), _mm256_set1_epi32(static_cast<int>(0xFF000000))) !=
+               0;
+    }
     static bool AreEqual(U8 a, U8 b) {
         return _mm256_movemask_epi8(_mm256_cmpeq_epi8(AsRaw(a), AsRaw(b))) == -1;
     }

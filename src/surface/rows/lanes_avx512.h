@@ -139,6 +139,14 @@ struct MaskedLanes256 : BasicLanes<MaskedRegister256> {
     static U32 MulAddPairs(U16 a, U16 b) { return AsWords(_mm256_madd_epi16(AsRaw(a), AsRaw(b))); }
 
     /// Whether all bytes of two vectors are equal.
+    static bool AreTopBytesZero(U32 words) {
+        return _mm256_testz_si256(AsRaw(words), _mm256_set1_epi32(static_cast<int>(0xFF000000))) !=
+               0;
+    }
+    static bool AreTopBytesFull(U32 words) {
+        return _mm256_testc_si256(AsRaw(words), _mm256_set1_epi32(static_cast<int>(0xFF000000))) !=
+               0;
+    }
     static bool AreEqual(U8 a, U8 b) { return _mm256_cmpneq_epu8_mask(AsRaw(a), AsRaw(b)) == 0; }
 
     static U16 TopBytes(U32 words) {
@@ -173,6 +181,14 @@ struct Lanes512 : BasicLanes<Register512> {
     static U32 InterleaveSecond(U16 low, U16 high) { return Interleave(low, high, 0x0030); }
     static U16 MulHigh(U16 a, U16 b) { return AsHalves(_mm512_mulhi_epu16(AsRaw(a), AsRaw(b))); }
     static U32 MulAddPairs(U16 a, U16 b) { return AsWords(_mm512_madd_epi16(AsRaw(a), AsRaw(b))); }
+    static bool AreTopBytesZero(U32 words) {
+        return _mm512_test_epi32_mask(AsRaw(words),
+                                      _mm512_set1_epi32(static_cast<int>(0xFF000000))) == 0;
+    }
+    static bool AreTopBytesFull(U32 words) {
+        return _mm512_cmplt_epu32_mask(AsRaw(words),
+                                       _mm512_set1_epi32(static_cast<int>(0xFF000000))) == 0;
+    }
     static bool AreEqual(U8 a, U8 b) { return _mm512_cmpneq_epu8_mask(AsRaw(a), AsRaw(b)) == 0; }
 
     /// One shuffle instead of a shift and, for both halves, another and an or: `over` in 32 bits
@@ -224,6 +240,9 @@ struct WordPair<MaskedLanes256> {
     static WordPair Load(const std::uint8_t* p, Count count) {
         return {Lanes512::LoadWords(p, count)};
     }
+
+    bool AreOpaque() const { return Lanes512::AreTopBytesZero(words); }
+    bool AreInvisible() const { return Lanes512::AreTopBytesFull(words); }
 
     MaskedLanes256::U16 Low() const { return Pack(words); }
     MaskedLanes256::U16 High() const { return Pack(words >> 16); }

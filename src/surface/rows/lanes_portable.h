@@ -89,6 +89,11 @@ struct PortableLanes : BasicLanes<PortableRegister> {
         return EvenHalves(a) * EvenHalves(b) + (AsWords(a) >> 16) * (AsWords(b) >> 16);
     }
 
+    static bool AreTopBytesZero(U32 words) {
+        const Raw tops = AsRaw(words & 0xFF000000U);
+        return (tops[0] | tops[1]) == 0;
+    }
+    static bool AreTopBytesFull(U32 words) { return AreTopBytesZero(~words); }
     /// Whether all bytes of two vectors are equal.
     static bool AreEqual(U8 a, U8 b) {
         const Raw difference = AsRaw(a) ^ AsRaw(b);

@@ -100,6 +100,9 @@ struct WordPair {
         }
     }
 
+    bool AreOpaque() const { return L::AreTopBytesZero(first | second); }
+    bool AreInvisible() const { return L::AreTopBytesFull(first & second); }
+
     typename L::U16 Low() const { return L::PackLow(first, second); }
     typename L::U16 High() const { return L::PackHigh(first, second); }
 

@@ -6,6 +6,7 @@ namespace gfx {
 namespace {
 using Wide = Lanes512;
 using Narrow = MaskedLanes256;
+using SpriteLanes = MaskedLanes256;
 using WideCopy = Narrow;  // as fast as 512 bits, faster where rows are 4 KiB apart
 
 /// 512-bit moves under a mask, or across two cache lines, cost short rows more than the width
