@@ -6,8 +6,6 @@ namespace gfx {
 namespace {
 using Wide = PortableLanes;
 using Narrow = PortableLanes;
-using SpriteLanes = PortableLanes;
-using WideCopy = PortableLanes;
 
 inline bool IsNarrow(unsigned, unsigned, Load) { return false; }
 }  // namespace

@@ -94,9 +94,6 @@ struct Lanes256 : BasicLanes<Register256> {
         return _mm256_testc_si256(AsRaw(words), _mm256_set1_epi32(static_cast<int>(0xFF000000))) !=
                0;
     }
-    static bool AreEqual(U8 a, U8 b) {
-        return _mm256_movemask_epi8(_mm256_cmpeq_epi8(AsRaw(a), AsRaw(b))) == -1;
-    }
 
 private:
     // AVX2 packs each half of the register by itself: the quarters come out as 0, 2, 1, 3.

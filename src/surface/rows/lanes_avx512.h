@@ -138,7 +138,6 @@ struct MaskedLanes256 : BasicLanes<MaskedRegister256> {
     /// The sums of the products of neighbouring halves, all below 2^15.
     static U32 MulAddPairs(U16 a, U16 b) { return AsWords(_mm256_madd_epi16(AsRaw(a), AsRaw(b))); }
 
-    /// Whether all bytes of two vectors are equal.
     static bool AreTopBytesZero(U32 words) {
         return _mm256_testz_si256(AsRaw(words), _mm256_set1_epi32(static_cast<int>(0xFF000000))) !=
                0;
@@ -147,7 +146,6 @@ struct MaskedLanes256 : BasicLanes<MaskedRegister256> {
         return _mm256_testc_si256(AsRaw(words), _mm256_set1_epi32(static_cast<int>(0xFF000000))) !=
                0;
     }
-    static bool AreEqual(U8 a, U8 b) { return _mm256_cmpneq_epu8_mask(AsRaw(a), AsRaw(b)) == 0; }
 
     static U16 TopBytes(U32 words) {
         const __m128i places = LoadAs<__m128i>(reinterpret_cast<const std::uint8_t*>(kTopBytes));
@@ -189,7 +187,6 @@ struct Lanes512 : BasicLanes<Register512> {
         return _mm512_cmplt_epu32_mask(AsRaw(words),
                                        _mm512_set1_epi32(static_cast<int>(0xFF000000))) == 0;
     }
-    static bool AreEqual(U8 a, U8 b) { return _mm512_cmpneq_epu8_mask(AsRaw(a), AsRaw(b)) == 0; }
 
     /// One shuffle instead of a shift and, for both halves, another and an or: `over` in 32 bits
     /// takes a tenth less.

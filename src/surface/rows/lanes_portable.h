@@ -89,16 +89,12 @@ struct PortableLanes : BasicLanes<PortableRegister> {
         return EvenHalves(a) * EvenHalves(b) + (AsWords(a) >> 16) * (AsWords(b) >> 16);
     }
 
+    /// Whether the top byte of each word is 0, and whether each is 255.
     static bool AreTopBytesZero(U32 words) {
         const Raw tops = AsRaw(words & 0xFF000000U);
         return (tops[0] | tops[1]) == 0;
     }
     static bool AreTopBytesFull(U32 words) { return AreTopBytesZero(~words); }
-    /// Whether all bytes of two vectors are equal.
-    static bool AreEqual(U8 a, U8 b) {
-        const Raw difference = AsRaw(a) ^ AsRaw(b);
-        return (difference[0] | difference[1]) == 0;
-    }
 
     /// The two lowest halves, four times each.
     static U16 RepeatTwoHalves(U16 v) {

@@ -101,6 +101,7 @@ struct Lanes128 : BasicLanes<Register128> {
     /// The sums of the products of neighbouring halves, all below 2^15.
     static U32 MulAddPairs(U16 a, U16 b) { return AsWords(_mm_madd_epi16(AsRaw(a), AsRaw(b))); }
 
+    /// Whether the top byte of each word is 0, and whether each is 255.
     static bool AreTopBytesZero(U32 words) {
         return (_mm_movemask_epi8(_mm_cmpeq_epi8(AsRaw(words), _mm_setzero_si128())) & 0x8888) ==
                0x8888;
@@ -108,10 +109,6 @@ struct Lanes128 : BasicLanes<Register128> {
     static bool AreTopBytesFull(U32 words) {
         return (_mm_movemask_epi8(_mm_cmpeq_epi8(AsRaw(words), _mm_set1_epi8(-1))) & 0x8888) ==
                0x8888;
-    }
-    /// Whether all bytes of two vectors are equal.
-    static bool AreEqual(U8 a, U8 b) {
-        return _mm_movemask_epi8(_mm_cmpeq_epi8(AsRaw(a), AsRaw(b))) == 0xFFFF;
     }
 
     /// The two lowest halves, four times each.

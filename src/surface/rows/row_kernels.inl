@@ -83,7 +83,7 @@ struct BlockKernels {
             const PixelRows target{to.lines + done, to.x};
             const PixelRows words{from.lines + done, from.x};
             const auto blend = LooksLikeSprite(RowOf<Color32>(words, 0), w)
-                                   ? BlockKernels<FormatLanes, SpriteLanes>::BlendSprite
+                                   ? BlockKernels<FormatLanes, Narrow>::BlendSprite
                                    : BlendBlocks;
             const unsigned blended = blend(target, words, w, rows);
             done += blended;
@@ -174,6 +174,8 @@ void BlendColor(PixelRows to, unsigned w, unsigned h, Word color) {
     });
 }
 
+/// In narrow vectors whatever the width: wide ones were not faster, and slower where rows are 4 KiB
+/// apart.
 template <class Format, class L>
 void Copy(PixelRows to, PixelRows from, unsigned w, unsigned h, bool upwards) {
     for (unsigned i = 0; i < h; ++i) {
@@ -218,12 +220,6 @@ void PickUpdate(PixelRows to, unsigned w, unsigned h, Word value) {
     IsNarrow(w, kNarrowPixels<F>, Load::Light) ? kNarrow(to, w, h, value) : kWide(to, w, h, value);
 }
 
-template <class F, auto kWide, auto kNarrow>
-void PickCopy(PixelRows to, PixelRows from, unsigned w, unsigned h, bool upwards) {
-    IsNarrow(w, kNarrowPixels<F>, Load::Light) ? kNarrow(to, from, w, h, upwards)
-                                               : kWide(to, from, w, h, upwards);
-}
-
 template <class F, Load kLoad, auto kWide, auto kNarrow, class... Value>
 unsigned PickPair(PixelRows to, PixelRows from, unsigned w, unsigned h, Value... value) {
     return IsNarrow(w, F::kPixels, kLoad) ? kNarrow(to, from, w, h, value...)
@@ -242,7 +238,7 @@ struct FormatTable {
         .blendColor = PickUpdate<F, BlendColor<FormatLanes, Wide>, BlendColor<FormatLanes, Narrow>>,
         .blendMask8 = PickPair<F, Load::Heavy, W::BlendMask8, N::BlendMask8, Word>,
         .blendMask32 = PickPair<F, Load::Heavy, W::BlendMask32, N::BlendMask32, Word>,
-        .copy = PickCopy<F, Copy<Format, WideCopy>, Copy<Format, Narrow>>,
+        .copy = Copy<Format, Narrow>,
         .copyKeyed = PickPair<F, Load::Light, W::CopyKeyed, N::CopyKeyed, Word>,
         .toWords = PickPair<F, Load::Light, W::ToWords, N::ToWords, Word>,
         .fromWords = PickPair<F, Load::Light, W::FromWords, N::FromWords>,

@@ -6,8 +6,6 @@ namespace gfx {
 namespace {
 using Wide = Lanes256;
 using Narrow = Lanes256;
-using SpriteLanes = Lanes256;
-using WideCopy = Wide;
 
 /// Few pixels cost no more in a wide register's lower part than in a narrow register.
 inline bool IsNarrow(unsigned, unsigned, Load) { return false; }

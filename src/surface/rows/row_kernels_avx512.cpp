@@ -6,8 +6,6 @@ namespace gfx {
 namespace {
 using Wide = Lanes512;
 using Narrow = MaskedLanes256;
-using SpriteLanes = MaskedLanes256;
-using WideCopy = Narrow;  // as fast as 512 bits, faster where rows are 4 KiB apart
 
 /// 512-bit moves under a mask, or across two cache lines, cost short rows more than the width
 /// gives; where each pixel takes many instructions that is so for rows of one narrow block alone.

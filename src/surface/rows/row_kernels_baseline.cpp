@@ -6,8 +6,6 @@ namespace gfx {
 namespace {
 using Wide = BaselineLanes;
 using Narrow = BaselineLanes;
-using SpriteLanes = BaselineLanes;
-using WideCopy = Wide;
 
 inline bool IsNarrow(unsigned, unsigned, Load) { return false; }
 }  // namespace
