@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "surface/line_recurrence.h"
+#include "surface/line_model.h"
 
 namespace test {
 

@@ -8,7 +8,7 @@
 
 #include "support/hook_ledger.h"
 #include "support/probe_surface.h"
-#include "surface/line_recurrence.h"
+#include "surface/line_model.h"
 
 namespace test {
 namespace {

@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <random>
 
-#include "surface/line_recurrence.h"
+#include "surface/line_model.h"
 #include "surface/line_walk.h"
 
 namespace test {
