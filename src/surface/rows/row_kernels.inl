@@ -95,8 +95,9 @@ struct BlockKernels {
     [[gnu::noinline]] static unsigned BlendSprite(PixelRows to, PixelRows from, unsigned w,
                                                   unsigned h) {
         return WalkRowPairs<L, Format, Color32, F, BlendUniform>(
-            to, from, w, h,
-            [](const Byte* p, const Byte* source, auto count) { return MixBlock(p, source, count); });
+            to, from, w, h, [](const Byte* p, const Byte* source, auto count) {
+                return MixBlock(p, source, count);
+            });
     }
 
     /// Blends a block that is all invisible or all opaque.
