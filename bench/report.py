@@ -252,10 +252,11 @@ Written by `script/bench`, which measures anew; do not edit.
 
 ![Time relative to the best peer](benchmarks.svg)
 
-Every library draws the same work into the same memory, which starts at a cache line as all sources
-do, in one process in random order, one core; figures are medians of {repetitions} repetitions of
-the process's CPU time{noise}. Read ratios inside a row: absolute times belong to one machine. Before a run the mean colour after one pass is compared
-between all libraries (`script/bench --check`).
+Every library draws the same work into the same memory, in one process in random order, on one core.
+All pictures start at a cache line. Figures are medians of {repetitions} repetitions of the process's
+CPU time{noise}. Read ratios inside a row: absolute
+times belong to one machine. Before a run the mean colour after one pass is compared between all
+libraries (`script/bench --check`).
 
 - **gfx** is the shared library through its public headers, with the best kernels for this
   processor; **gfx-avx2** and **gfx-base** are its kernels for older ones.

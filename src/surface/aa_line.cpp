@@ -45,6 +45,14 @@ VisibleSteps VisibleStepsOf(const LineTarget& target, const LineWalk& walk, cons
     return {touched, StepsInside(walk, steps, touched, {minor.lo, minor.hi - 1})};
 }
 
+/// Whether two pixels share no byte. Their distance wraps: pixels that overlap are less than one
+/// away on either side.
+template <std::size_t kSize>
+bool AreApart(const std::uint8_t* a, const std::uint8_t* b) {
+    const auto distance = reinterpret_cast<std::uintptr_t>(b) - reinterpret_cast<std::uintptr_t>(a);
+    return distance + (kSize - 1) >= 2 * kSize - 1;
+}
+
 /// Plots the steps of a range whose pixels are all visible.
 template <class Format, class Steps>
 void PlotInner(const LineTarget& target, const LineWalk& walk, const Steps& steps, StepRange range,
@@ -59,8 +67,9 @@ void PlotInner(const LineTarget& target, const LineWalk& walk, const Steps& step
             std::uint8_t* const far = lines[y + 1] + offset;
             const std::uint32_t nearShare = color.NearShare(at.Fraction());
             const std::uint32_t farShare = color.FarShare(at.Fraction());
-            if (near != far) return blend(near, nearShare, far, farShare);
-            // A derived surface may show one row twice: its pixel takes one share after the other.
+            if (AreApart<kSize>(near, far)) return blend(near, nearShare, far, farShare);
+            // A derived surface may show one row twice, or rows that begin within a pixel: there
+            // one share follows the other.
             gfx::BlendInto<Format>(near, 0, color.rgb, 255 - nearShare);
             gfx::BlendInto<Format>(far, 0, color.rgb, 255 - farShare);
         });
@@ -133,8 +142,8 @@ void GfxSurface::DrawAALine(int x0, int y0, int x1, int y1, unsigned int color,
     const DashPattern dashes{pattern, count};
     const LineColor lineColor(color);
     if (walk.IsStraight() && dashes.IsSolid()) {
-        // All of the share is the near pixel's. The far ones stay as they are, but count as drawn
-        // on: that is left to be seen to where no near one was.
+        // All of the share is the near pixel's. The far ones stay as they are but count as drawn
+        // on, which matters only where no near one was visible.
         const std::uint32_t near = lineColor.WithShare(lineColor.NearShare(0));
         constexpr std::uint32_t kInvisible = 0xFF000000;
         const unsigned length = walk.steps + 1;

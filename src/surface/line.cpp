@@ -98,9 +98,8 @@ void GfxSurface::DrawLine(int x0, int y0, int x1, int y1, unsigned int color,
     }
     const auto minorStart = static_cast<std::uint32_t>(walk.minorStart);
     if (isInside && dashes.IsSolid()) {
-        // Plotted as it goes, the recurrence costs little beside the stores.
-        const double slope = static_cast<double>(walk.Rise()) / static_cast<double>(walk.steps);
-        return plot(gfx::RecurringSteps(minorStart, 0.5, slope), gfx::WholeLine(walk));
+        const gfx::RecurringSteps steps(minorStart, 0.5, walk.Rise(), walk.steps);
+        return plot(steps, gfx::WholeLine(walk));
     }
     ComputeLineDots(minorStart, walk.steps, walk.Rise(), 0.5);
     const gfx::BufferedSteps steps(dots);

@@ -16,25 +16,24 @@ double LimitedOffset(double offset) {
     return offset > INT_MAX ? INT_MAX : offset;
 }
 
-/// A line's first step: `offset` pixels from `start`, which may be less than 0 or 1 and more.
-RecurringSteps FirstStep(std::uint32_t start, double offset, double slope) {
+/// A line's steps from `offset` pixels behind `start` on; that may be less than 0, or 1 and more.
+RecurringSteps StepsFrom(std::uint32_t start, double offset, int rise, unsigned steps) {
     if (offset < 0.0) {
         const auto whole = static_cast<std::uint32_t>(-offset) + 1;
-        return {start - whole, offset + whole, slope};
+        return {start - whole, offset + whole, rise, steps};
     }
     if (offset >= 1.0) {
         const auto whole = static_cast<std::uint32_t>(offset);
-        return {start + whole, offset - whole, slope};
+        return {start + whole, offset - whole, rise, steps};
     }
-    return {start, offset, slope};
+    return {start, offset, rise, steps};
 }
 
 }  // namespace
 
 void GfxSurface::ComputeLineDots(std::uint32_t minorStart, unsigned int stepCount, int rise,
                                  double offset) {
-    const double slope = static_cast<double>(rise) / static_cast<double>(stepCount);
-    RecurringSteps steps = FirstStep(minorStart, LimitedOffset(offset), slope);
+    RecurringSteps steps = StepsFrom(minorStart, LimitedOffset(offset), rise, stepCount);
     if (dots == nullptr) AllocDotsBuffer();
     LineDot* dot = dots;
     for (unsigned i = 0; i < stepCount; ++i, ++dot) {

@@ -17,13 +17,15 @@ static_assert(FLT_EVAL_METHOD == 0, "line dots need double arithmetic without ex
 class RecurringSteps {
 public:
     /// @param fraction  where the line starts inside its first pixel, 0..1
-    /// @param slope  how far a step moves, -1..1
-    RecurringSteps(std::uint32_t pixel, double fraction, double slope)
-        : pixel_(pixel), fraction_(fraction), slope_(slope) {}
+    /// @param rise  how far it moves over all `steps`, at most `steps` either way
+    RecurringSteps(std::uint32_t pixel, double fraction, int rise, unsigned steps)
+        : pixel_(pixel),
+          fraction_(fraction),
+          slope_(static_cast<double>(rise) / static_cast<double>(steps)) {}
 
-    /// To a step that lies ahead.
-    void MoveTo(unsigned stepsAhead) {
-        for (; stepsAhead > 0; --stepsAhead)
+    /// From the first step, where these steps begin, to step i: they only go forwards.
+    void MoveTo(unsigned i) {
+        for (; i > 0; --i)
             Advance();
     }
 

@@ -146,7 +146,7 @@ inline void BlendInto(std::uint8_t* row, std::size_t x, std::uint32_t rgb, std::
     if (alpha == 255) return;
     const std::uint32_t pixel = alpha == 0
                                     ? Format::FromRgb(rgb)
-                                    : Format::Mix(LoadPixel<Format>(row, x), rgb, OldWeight(alpha));
+                                    : Blend<Format>(LoadPixel<Format>(row, x), alpha << 24 | rgb);
     StorePixel<Format>(row, x, pixel);
 }
 

@@ -53,7 +53,7 @@ void GfxSurface::RectCopy(int x, int y, unsigned int w, unsigned int h, int srcX
                                  transfer.rect.h, transfer.RunsUpwards());
 }
 
-// Single pixels are copied by the dozen, for dots and corners: half the time of a rectangle's way.
+// Single pixels take three quarters of the time of a rectangle's way.
 void GfxSurface::CopyPixel(int x, int y, int srcX, int srcY, const GfxSurface& from) {
     // Positions before the origin come out beyond any size.
     const auto column = static_cast<unsigned>(srcX);

@@ -2,6 +2,7 @@
 // widths and alignments, with canaries around the rows.
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <functional>
 #include <random>
 #include <string>
@@ -280,6 +281,27 @@ std::string NameOf(const testing::TestParamInfo<Storage>& info) {
 INSTANTIATE_TEST_SUITE_P(RowKernels, EachFormat,
                          testing::Values(Storage::Grey8, Storage::Rgb565, Storage::Color32),
                          NameOf);
+
+TEST_P(EachFormat, Copies_may_overlap_at_any_distance) {
+    constexpr std::size_t kPlace = 700;
+    const std::size_t unit = UnitSize(GetParam());
+    std::vector<std::uint8_t> random(3 * kPlace);
+    for (std::uint8_t& byte : random)
+        byte = static_cast<std::uint8_t>(RandomBits());
+    for (const RowKernels* table : AllTables()) {
+        for (std::size_t bytes = unit; bytes <= 600; bytes += unit * (1 + RandomBits() % 12)) {
+            for (std::size_t from = kPlace - bytes; from <= kPlace + bytes; from += 1 + from % 5) {
+                std::vector<std::uint8_t> got = random, expected = random;
+                std::uint8_t* target = got.data() + kPlace;
+                std::uint8_t* source = got.data() + from;
+                (*table)[GetParam()].copy({&target, 0}, {&source, 0},
+                                          static_cast<unsigned>(bytes / unit), 1, false);
+                std::memmove(expected.data() + kPlace, expected.data() + from, bytes);
+                ASSERT_EQ(expected, got) << table->name << ", " << bytes << " bytes from " << from;
+            }
+        }
+    }
+}
 
 TEST(RowKernels, Rows_that_share_memory_are_left_to_the_caller) {
     std::vector<std::uint8_t> memory(4096);

@@ -232,6 +232,24 @@ TEST(Lines, A_line_and_its_reverse_give_the_same_pixels_in_all_octants) {
     }
 }
 
+TEST(Lines, Straight_smooth_lines_count_as_drawn_where_only_their_far_pixels_are_visible) {
+    static constexpr struct {
+        int dx, dy;
+        Rect clip;
+        bool isDrawn;
+    } kCases[] = {{6, 0, {0, 6, 20, 1}, true},  {6, 0, {0, 5, 20, 1}, true},
+                  {6, 0, {0, 4, 20, 1}, false}, {6, 0, {0, 7, 20, 1}, false},
+                  {0, 6, {6, 0, 1, 20}, true},  {0, 6, {5, 0, 1, 20}, true},
+                  {0, 6, {4, 0, 1, 20}, false}, {0, 6, {7, 0, 1, 20}, false}};
+    for (const auto& c : kCases) {
+        const SurfacePtr s = MakeSurface(32, 20, 20);
+        s->SetClipRect(c.clip.x, c.clip.y, c.clip.w, c.clip.h);
+        s->SetEmpty(true);
+        s->DrawAALine(5, 5, 5 + c.dx, 5 + c.dy, 0x00FFEEDD);
+        EXPECT_EQ(c.isDrawn, !s->IsEmpty()) << "clip at " << c.clip.x << ", " << c.clip.y;
+    }
+}
+
 /// The drawers take other ways down rows 4 KiB apart.
 TEST(Lines, The_distance_of_rows_makes_no_difference) {
     constexpr int kSide = 90, kCrowded = 4096, kLoose = 1000;

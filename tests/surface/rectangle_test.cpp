@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <cstring>
 #include <string>
 
 #include "support/probe_surface.h"
@@ -89,6 +90,37 @@ TEST(RectCopy, Onto_itself_reads_before_it_writes) {
         EXPECT_EQ("2 3 4 5 6 7 8 9 10 11 11 ", Greys(*back)) << "depth " << bits;
         for (int y = 0; y < 11; ++y)
             EXPECT_EQ(std::to_string(y == 0 ? 1 : y) + " ", Greys(*down, y)) << "depth " << bits;
+    }
+}
+
+/// Single pixels have a way of their own; a key that no pixel has leads around it.
+TEST(RectCopy, A_single_pixel_is_copied_as_a_rectangle_is) {
+    constexpr unsigned kSize = 5;
+    constexpr int kPlaces[] = {INT_MIN, -1, 0, 1, 3, 4, 5, INT_MAX};
+    constexpr unsigned kPositions = 8 * 8 * 8 * 8;
+    for (const unsigned bits : {8U, 16U, 32U}) {
+        for (unsigned at = 0; at < 2 * kPositions; ++at) {
+            const int x = kPlaces[at % 8], y = kPlaces[at / 8 % 8];
+            const int srcX = kPlaces[at / 64 % 8], srcY = kPlaces[at / 512 % 8];
+            const bool isOntoItself = at >= kPositions;
+            const SurfacePtr source = MakeSurface(bits, kSize, kSize - 1);
+            const SurfacePtr pixel = MakeSurface(bits, kSize, kSize);
+            const SurfacePtr rectangle = MakeSurface(bits, kSize, kSize);
+            for (GfxSurface* s : {source.get(), pixel.get(), rectangle.get()}) {
+                for (int i = 0; i < 20; ++i)
+                    s->SetPixelRGB(i % 5, i / 5, static_cast<Word>(i) * 0x0B0907);
+                s->SetClipRect(1, 0, 3, 5);
+                s->SetEmpty(true);
+            }
+            rectangle->SetTransparent(0x12345678);
+            pixel->RectCopy(x, y, 1, 1, srcX, srcY, isOntoItself ? nullptr : source.get(), false);
+            rectangle->RectCopy(x, y, 1, 1, srcX, srcY, isOntoItself ? nullptr : source.get(),
+                                false);
+            ASSERT_EQ(0, std::memcmp(pixel->Line(0), rectangle->Line(0), kSize * pixel->Pitch()))
+                << bits << ": " << x << ", " << y << " from " << srcX << ", " << srcY;
+            ASSERT_EQ(rectangle->IsEmpty(), pixel->IsEmpty())
+                << bits << ": " << x << ", " << y << " from " << srcX << ", " << srcY;
+        }
     }
 }
 

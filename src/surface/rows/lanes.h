@@ -195,8 +195,8 @@ struct BasicLanes {
         Register::template StoreUnder<kUnit>(mask & First(some.n), p, v);
     }
 
-    /// Words below 2^16, or halves that stand in both places of a word already: in both places; and
-    /// with another half in the upper place.
+    /// A value a word, in both of its halves; and in the lower one, below `high`. It comes as a
+    /// word below 2^16, or stands in both halves already.
     static U16 InBothHalves(U32 words) { return AsHalves(words | words << 16); }
     static U16 InBothHalves(U16 halves) { return halves; }
     static U16 WithHighHalves(U32 words, std::uint32_t high) {
@@ -206,7 +206,7 @@ struct BasicLanes {
         return AsHalves((AsWords(halves) & 0xFFFFU) | high << 16);
     }
 
-    /// The top byte of each word, as one of the two.
+    /// The top byte of each word, below 2^16 (or, where one instruction does it, in both halves).
     static U32 TopBytes(U32 words) { return words >> 24; }
 
     template <class Vector>
