@@ -121,9 +121,7 @@ bool PlotLine(const LineTarget& target, const LineWalk& walk, const Steps& steps
 /// inside the clip rectangle decides the surface's `empty` flag, unless some other dot is inside
 /// for sure.
 bool IsTouchCertain(const LineWalk& walk, const VisibleSteps& visible, bool isSolid) {
-    if (walk.isRising) return true;
-    if (!visible.inner.IsEmpty() && isSolid) return true;
-    return visible.inner.first == 0 && visible.inner.last == walk.steps + 1;
+    return walk.isRising || (!visible.inner.IsEmpty() && isSolid);
 }
 
 }  // namespace
@@ -158,10 +156,10 @@ void GfxSurface::DrawAALine(int x0, int y0, int x1, int y1, unsigned int color,
     }
     const LineTarget target{
         lines, pitch, gfx::StorageOf(depth, pixelShift, lines), {clipX0, clipX1}, {clipY0, clipY1}};
-    const bool isClosed = FixedSteps::ServesSmooth(walk);
+    const bool hasClosedForm = FixedSteps::ServesSmooth(walk);
     const int farX = walk.isAlongX ? 0 : 1;
     const int farY = 1 - farX;
-    if (isClosed && IsInsideClip(x0, y0) && IsInsideClip(x1, y1) &&
+    if (hasClosedForm && IsInsideClip(x0, y0) && IsInsideClip(x1, y1) &&
         IsInsideClip(x0 + farX, y0 + farY) && IsInsideClip(x1 + farX, y1 + farY)) {
         const auto steps = FixedSteps::Smooth(walk);
         if (PlotInnerRuns(target, walk, steps, gfx::WholeLine(walk), lineColor, dashes)) {
@@ -175,7 +173,7 @@ void GfxSurface::DrawAALine(int x0, int y0, int x1, int y1, unsigned int color,
     const auto plot = [&](const auto& steps, const VisibleSteps& visible) {
         if (PlotLine(target, walk, steps, visible, lineColor, dashes, plotOne)) empty = false;
     };
-    if (isClosed) {
+    if (hasClosedForm) {
         const FixedSteps steps = FixedSteps::Smooth(walk);
         const VisibleSteps visible = VisibleStepsOf(target, walk, steps);
         if (IsTouchCertain(walk, visible, dashes.IsSolid())) return plot(steps, visible);
