@@ -78,8 +78,7 @@ struct Grey8Lanes {
     using Expanded = Color32Lanes<L>;
     template <class Count>
     static typename L::U32 Expand(const std::uint8_t* pixels, std::uint32_t alpha, Count count) {
-        const typename L::U32 grey = L::LoadBytesAsWords(pixels, count);
-        return grey | grey << 8 | grey << 16 | alpha << 24;
+        return (L::LoadBytesFourTimes(pixels, count) & 0x00FFFFFFU) | alpha << 24;
     }
 };
 
@@ -205,6 +204,7 @@ struct Color32Lanes {
     using Format = Color32;
     using Block = typename L::U32;
     using Halves = typename L::U16;
+    using Alphas = Halves;  // in both halves of a word
     using Colors = Block;
     static constexpr unsigned kPixels = L::kWords;
 
@@ -218,8 +218,8 @@ struct Color32Lanes {
     }
     static Colors SplatColor(std::uint32_t color) { return L::SplatWord(color); }
     template <class Count>
-    static Block LoadMask(const std::uint8_t* p, Count count) {
-        return L::LoadBytesAsWords(p, count);
+    static Alphas LoadMask(const std::uint8_t* p, Count count) {
+        return L::LoadBytesTwice(p, count);
     }
 
     struct Words {
@@ -232,26 +232,25 @@ struct Color32Lanes {
         bool AreOpaque() const { return L::AreTopBytesZero(words); }
         bool AreInvisible() const { return L::AreTopBytesFull(words); }
     };
-    static auto AlphasOf(const Words& words) { return L::TopBytes(words.words); }
+    static Alphas AlphasOf(const Words& words) { return L::TopBytes(words.words); }
     static Block Matches(const Words& words, std::uint32_t key) {
         return L::AsWords(words.words == key);
     }
     static Block FromWords(const Words& words) { return words.words; }
     static Colors ColorsOf(const Words& words) { return words.words; }
 
-    /// Red and blue share one multiplication, green and the alpha byte the other. Alpha mixes with
-    /// weight 256 and a colour of 0, which keeps the old byte. Alphas are words, or stand in both
-    /// halves of words already.
-    template <class Alphas>
+    /// The upper channel of each half, green or alpha, is mixed by itself; of alpha the old byte
+    /// stays. For the lower channel whole halves are subtracted: that is its own difference plus
+    /// 256 times the upper one's, and the product its mix less 256 * colour, plus 256 * green. What
+    /// is a multiple of 256 may as well be set right after the shift, which saves cutting the
+    /// channels apart: with AVX-512 blending words takes a sixth less.
     static Block Mix(Block old, Colors colors, Alphas alphas) {
-        const Alphas weights = OldWeights(alphas);
-        const Halves green256 = L::AsHalves(colors & 0x0000FF00U);
-        const Halves redBlue =
-            MixHalves(L::AsHalves(old & 0x00FF00FFU), L::AsHalves(colors & 0x00FF00FFU),
-                      L::AsHalves(colors) << 8, L::InBothHalves(weights));
-        const Halves alphaGreen = MixHalves(L::AsHalves(old) >> 8, green256 >> 8, green256,
-                                            L::WithHighHalves(weights, 256));
-        return L::AsWords(redBlue >> 8) | (L::AsWords(alphaGreen) & 0xFF00FF00U);
+        const Halves weights = OldWeights(alphas);
+        const Halves olds = L::AsHalves(old);
+        const Halves fresh = L::AsHalves(colors);
+        const Halves green = ((olds >> 8) - (fresh >> 8)) * weights;
+        const Halves redBlue = ((olds - fresh) * weights >> 8) + (fresh - green);
+        return L::JoinChannels(redBlue, green, fresh & 0xFF00, old);
     }
 
     /// Opaque colours, as blending stores them: over the old alpha bytes.

@@ -195,19 +195,18 @@ struct BasicLanes {
         Register::template StoreUnder<kUnit>(mask & First(some.n), p, v);
     }
 
-    /// A value a word, in both of its halves; and in the lower one, below `high`. It comes as a
-    /// word below 2^16, or stands in both halves already.
-    static U16 InBothHalves(U32 words) { return AsHalves(words | words << 16); }
-    static U16 InBothHalves(U16 halves) { return halves; }
-    static U16 WithHighHalves(U32 words, std::uint32_t high) {
-        return AsHalves(words | high << 16);
-    }
-    static U16 WithHighHalves(U16 halves, std::uint32_t high) {
-        return AsHalves((AsWords(halves) & 0xFFFFU) | high << 16);
+    /// The top byte of each word, in both of its halves.
+    static U16 TopBytes(U32 words) {
+        const U32 tops = words >> 24;
+        return AsHalves(tops | tops << 16);
     }
 
-    /// The top byte of each word, below 2^16 (or, where one instruction does it, in both halves).
-    static U32 TopBytes(U32 words) { return words >> 24; }
+    /// Words of the lower bytes of `redBlue`, the upper byte of a sum of lower halves, and the top
+    /// byte of old words.
+    static U32 JoinChannels(U16 redBlue, U16 green1, U16 green2, U32 old) {
+        return (AsWords(redBlue) & 0x00FF00FFU) | (AsWords(green1 + green2) & 0x0000FF00U) |
+               (old & 0xFF000000U);
+    }
 
     template <class Vector>
     static Raw AsRaw(Vector v) {

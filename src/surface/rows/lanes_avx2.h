@@ -30,6 +30,14 @@ struct Register256 {
     static void Store(std::uint8_t* p, __m256i v) {
         _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), v);
     }
+    /// Up to 8 bytes, in each half of the register.
+    static __m256i LoadEightTwice(const std::uint8_t* p, All) {
+        return _mm256_set1_epi64x(LoadAs<long long>(p));
+    }
+    template <unsigned k>
+    static __m256i LoadEightTwice(const std::uint8_t* p, Ends<k> ends) {
+        return _mm256_broadcastq_epi64(Lanes128::Load<1>(p, ends));
+    }
     template <unsigned kRun>
     static void StoreTwo(std::uint8_t* first, std::uint8_t* last, __m256i v) {
         const __m128i low = _mm256_castsi256_si128(v);
@@ -42,20 +50,62 @@ struct Register256 {
     }
 };
 
-struct Lanes256 : BasicLanes<Register256> {
+/// What 256-bit vectors have in common, whether or not their moves have masks.
+template <class Register>
+struct Avx2Lanes : BasicLanes<Register> {
+    using Base = BasicLanes<Register>;
+    using Base::AsHalves;
+    using Base::AsRaw;
+    using Base::AsWords;
+    using typename Base::U16;
+    using typename Base::U32;
+
+    /// A byte a word: in both of its halves, and in all of its bytes.
+    template <class Count>
+    static U16 LoadBytesTwice(const std::uint8_t* p, Count count) {
+        return AsHalves(
+            Shuffle(Register::LoadEightTwice(p, count), WordIndices() * 0x00010001U + 0x80008000U));
+    }
+    template <class Count>
+    static U32 LoadBytesFourTimes(const std::uint8_t* p, Count count) {
+        return AsWords(Shuffle(Register::LoadEightTwice(p, count), WordIndices() * 0x01010101U));
+    }
+    static U16 TopBytes(U32 words) {
+        return AsHalves(Shuffle(AsRaw(words), WordIndices() * 0x00040004U + 0x80038003U));
+    }
+    static U32 JoinChannels(U16 redBlue, U16 green1, U16 green2, U32 old) {
+        const __m256i alphaGreen = _mm256_blend_epi16(AsRaw(green1 + green2), AsRaw(old), 0xAA);
+        return AsWords(
+            _mm256_blendv_epi8(AsRaw(redBlue), alphaGreen, AsRaw(Base::SplatWord(0xFF00FF00U))));
+    }
+
+    /// The high 16 bits of each product.
+    static U16 MulHigh(U16 a, U16 b) { return AsHalves(_mm256_mulhi_epu16(AsRaw(a), AsRaw(b))); }
+
+    /// The sums of the products of neighbouring halves, all below 2^15.
+    static U32 MulAddPairs(U16 a, U16 b) { return AsWords(_mm256_madd_epi16(AsRaw(a), AsRaw(b))); }
+
+    static bool AreTopBytesZero(U32 words) {
+        return _mm256_testz_si256(AsRaw(words), AsRaw(Base::SplatWord(0xFF000000U))) != 0;
+    }
+    static bool AreTopBytesFull(U32 words) {
+        return _mm256_testc_si256(AsRaw(words), AsRaw(Base::SplatWord(0xFF000000U))) != 0;
+    }
+
+private:
+    static U32 WordIndices() { return U32{0, 1, 2, 3, 4, 5, 6, 7}; }
+    static __m256i Shuffle(__m256i bytes, U32 places) {
+        return _mm256_shuffle_epi8(bytes, AsRaw(places));
+    }
+};
+
+struct Lanes256 : Avx2Lanes<Register256> {
     static U16 LoadBytesAsHalves(const std::uint8_t* p, All) {
         return AsHalves(_mm256_cvtepu8_epi16(Register128::Load(p)));
     }
     template <unsigned k>
     static U16 LoadBytesAsHalves(const std::uint8_t* p, Ends<k> ends) {
         return AsHalves(_mm256_cvtepu8_epi16(Lanes128::Load<1>(p, ends)));
-    }
-    static U32 LoadBytesAsWords(const std::uint8_t* p, All) {
-        return AsWords(_mm256_cvtepu8_epi32(Register128::LoadLow(p)));
-    }
-    template <unsigned k>
-    static U32 LoadBytesAsWords(const std::uint8_t* p, Ends<k> ends) {
-        return AsWords(_mm256_cvtepu8_epi32(Lanes128::Load<1>(p, ends)));
     }
     static void StoreHalvesAsBytes(std::uint8_t* p, U16 v, All) {
         Register128::Store(p, NarrowHalves(v));
@@ -83,16 +133,6 @@ struct Lanes256 : BasicLanes<Register256> {
         return AsWords(_mm256_permute2x128_si256(_mm256_unpacklo_epi16(AsRaw(low), AsRaw(high)),
                                                  _mm256_unpackhi_epi16(AsRaw(low), AsRaw(high)),
                                                  0x31));
-    }
-    static U16 MulHigh(U16 a, U16 b) { return AsHalves(_mm256_mulhi_epu16(AsRaw(a), AsRaw(b))); }
-    static U32 MulAddPairs(U16 a, U16 b) { return AsWords(_mm256_madd_epi16(AsRaw(a), AsRaw(b))); }
-    static bool AreTopBytesZero(U32 words) {
-        return _mm256_testz_si256(AsRaw(words), _mm256_set1_epi32(static_cast<int>(0xFF000000))) !=
-               0;
-    }
-    static bool AreTopBytesFull(U32 words) {
-        return _mm256_testc_si256(AsRaw(words), _mm256_set1_epi32(static_cast<int>(0xFF000000))) !=
-               0;
     }
 
 private:

@@ -9,7 +9,7 @@
 #endif
 #include <immintrin.h>
 
-#include "surface/rows/lanes.h"
+#include "surface/rows/lanes_avx2.h"
 #include "surface/rows/mix_lanes.h"
 
 namespace gfx {
@@ -52,6 +52,14 @@ struct Register512 {
     }
 };
 
+/// The first n of 16 bytes.
+inline __m128i Load128(const std::uint8_t* p, unsigned n) {
+    return _mm_maskz_loadu_epi8(static_cast<__mmask16>(First(n)), p);
+}
+inline __m128i Load128(const std::uint8_t* p) {
+    return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
+}
+
 struct MaskedRegister256 {
     static constexpr unsigned kBytes = 32;
     static constexpr bool kHasMasks = true;
@@ -69,6 +77,13 @@ struct MaskedRegister256 {
             return _mm256_maskz_loadu_epi16(static_cast<__mmask16>(First(n)), p);
         }
         return _mm256_maskz_loadu_epi32(static_cast<__mmask8>(First(n)), p);
+    }
+    /// Up to 8 bytes, in each half of the register.
+    static Raw LoadEightTwice(const std::uint8_t* p, All) {
+        return _mm256_set1_epi64x(LoadAs<long long>(p));
+    }
+    static Raw LoadEightTwice(const std::uint8_t* p, Some s) {
+        return _mm256_broadcastq_epi64(Load128(p, s.n));
     }
     static void Store(std::uint8_t* p, Raw v) {
         _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), v);
@@ -91,30 +106,23 @@ struct MaskedRegister256 {
     }
 };
 
-/// The first n of 16 bytes.
-inline __m128i Load128(const std::uint8_t* p, unsigned n) {
-    return _mm_maskz_loadu_epi8(static_cast<__mmask16>(First(n)), p);
-}
-inline __m128i Load128(const std::uint8_t* p) {
-    return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
+/// For ternary logic: where the first operand is set the second one, elsewhere the third.
+constexpr int kChoose = 0xCA;
+
+/// The halves of a word, or of all words, as a mask of bits that the compiler does not see through:
+/// clang would make moves under masks of it, and load the masks anew for each.
+inline __mmask32 LowHalves() {
+    __mmask32 mask = 0x55555555;
+    __asm__("" : "+Yk"(mask));
+    return mask;
 }
 
-/// The places of a word's top byte for a shuffle of bytes within 16: in both of its halves, with
-/// zero above it.
-inline constexpr std::uint32_t kTopBytes[] = {0x80038003, 0x80078007, 0x800B800B, 0x800F800F};
-
-struct MaskedLanes256 : BasicLanes<MaskedRegister256> {
+struct MaskedLanes256 : Avx2Lanes<MaskedRegister256> {
     static U16 LoadBytesAsHalves(const std::uint8_t* p, All) {
         return AsHalves(_mm256_cvtepu8_epi16(Load128(p)));
     }
     static U16 LoadBytesAsHalves(const std::uint8_t* p, Some s) {
         return AsHalves(_mm256_cvtepu8_epi16(Load128(p, s.n)));
-    }
-    static U32 LoadBytesAsWords(const std::uint8_t* p, All) {
-        return AsWords(_mm256_cvtepu8_epi32(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p))));
-    }
-    static U32 LoadBytesAsWords(const std::uint8_t* p, Some s) {
-        return AsWords(_mm256_cvtepu8_epi32(Load128(p, s.n)));
     }
     /// Halves must not exceed 255.
     static void StoreHalvesAsBytes(std::uint8_t* p, U16 v, All) {
@@ -132,24 +140,11 @@ struct MaskedLanes256 : BasicLanes<MaskedRegister256> {
     }
     static U16 PackHigh(U32 a, U32 b) { return PackLow(a >> 16, b >> 16); }
 
-    /// The high 16 bits of each product.
-    static U16 MulHigh(U16 a, U16 b) { return AsHalves(_mm256_mulhi_epu16(AsRaw(a), AsRaw(b))); }
-
-    /// The sums of the products of neighbouring halves, all below 2^15.
-    static U32 MulAddPairs(U16 a, U16 b) { return AsWords(_mm256_madd_epi16(AsRaw(a), AsRaw(b))); }
-
-    static bool AreTopBytesZero(U32 words) {
-        return _mm256_testz_si256(AsRaw(words), _mm256_set1_epi32(static_cast<int>(0xFF000000))) !=
-               0;
-    }
-    static bool AreTopBytesFull(U32 words) {
-        return _mm256_testc_si256(AsRaw(words), _mm256_set1_epi32(static_cast<int>(0xFF000000))) !=
-               0;
-    }
-
-    static U16 TopBytes(U32 words) {
-        const __m128i places = LoadAs<__m128i>(reinterpret_cast<const std::uint8_t*>(kTopBytes));
-        return AsHalves(_mm256_shuffle_epi8(AsRaw(words), _mm256_broadcastsi128_si256(places)));
+    static U32 JoinChannels(U16 redBlue, U16 green1, U16 green2, U32 old) {
+        const __m256i alphaGreen = _mm256_mask_add_epi16(
+            AsRaw(old), static_cast<__mmask16>(LowHalves()), AsRaw(green1), AsRaw(green2));
+        return AsWords(_mm256_ternarylogic_epi32(AsRaw(SplatWord(0xFF00FF00U)), alphaGreen,
+                                                 AsRaw(redBlue), kChoose));
     }
 };
 
@@ -160,11 +155,23 @@ struct Lanes512 : BasicLanes<Register512> {
     static U16 LoadBytesAsHalves(const std::uint8_t* p, Some s) {
         return AsHalves(_mm512_cvtepu8_epi16(MaskedRegister256::Load<1>(p, s.n)));
     }
-    static U32 LoadBytesAsWords(const std::uint8_t* p, All) {
-        return AsWords(_mm512_cvtepu8_epi32(Load128(p)));
+    template <class Count>
+    static U16 LoadBytesTwice(const std::uint8_t* p, Count count) {
+        return AsHalves(
+            Shuffle(LoadInQuarters(p, count), WordIndices() * 0x00010001U + 0x80008000U));
     }
-    static U32 LoadBytesAsWords(const std::uint8_t* p, Some s) {
-        return AsWords(_mm512_cvtepu8_epi32(Load128(p, s.n)));
+    template <class Count>
+    static U32 LoadBytesFourTimes(const std::uint8_t* p, Count count) {
+        return AsWords(Shuffle(LoadInQuarters(p, count), WordIndices() * 0x01010101U));
+    }
+    static U16 TopBytes(U32 words) {
+        return AsHalves(Shuffle(AsRaw(words), WordIndices() * 0x00040004U + 0x80038003U));
+    }
+    static U32 JoinChannels(U16 redBlue, U16 green1, U16 green2, U32 old) {
+        const __m512i alphaGreen =
+            _mm512_mask_add_epi16(AsRaw(old), LowHalves(), AsRaw(green1), AsRaw(green2));
+        return AsWords(_mm512_ternarylogic_epi32(AsRaw(SplatWord(0xFF00FF00U)), alphaGreen,
+                                                 AsRaw(redBlue), kChoose));
     }
     static void StoreHalvesAsBytes(std::uint8_t* p, U16 v, All) {
         MaskedRegister256::Store(p, _mm512_cvtepi16_epi8(AsRaw(v)));
@@ -188,13 +195,6 @@ struct Lanes512 : BasicLanes<Register512> {
                                        _mm512_set1_epi32(static_cast<int>(0xFF000000))) == 0;
     }
 
-    /// One shuffle instead of a shift and, for both halves, another and an or: `over` in 32 bits
-    /// takes a tenth less.
-    static U16 TopBytes(U32 words) {
-        const __m128i places = LoadAs<__m128i>(reinterpret_cast<const std::uint8_t*>(kTopBytes));
-        return AsHalves(_mm512_shuffle_epi8(AsRaw(words), _mm512_broadcast_i32x4(places)));
-    }
-
     static U16 Indices() {
         return U16{0,  1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 12, 13, 14, 15,
                    16, 17, 18, 19, 20, 21, 22, 23, 24, 25, 26, 27, 28, 29, 30, 31};
@@ -210,6 +210,18 @@ struct Lanes512 : BasicLanes<Register512> {
     }
 
 private:
+    static U32 WordIndices() { return U32{0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15}; }
+    static __m512i Shuffle(__m512i bytes, U32 places) {
+        return _mm512_shuffle_epi8(bytes, AsRaw(places));
+    }
+    /// Up to 16 bytes, in each quarter of the register.
+    static __m512i LoadInQuarters(const std::uint8_t* p, All) {
+        return _mm512_broadcast_i32x4(Load128(p));
+    }
+    static __m512i LoadInQuarters(const std::uint8_t* p, Some s) {
+        return _mm512_broadcast_i32x4(Load128(p, s.n));
+    }
+
     /// The halves start, start + 2, ... of a register pair.
     static U16 Gather(U32 a, U32 b, std::uint32_t start) {
         const U16 even = {0,  2,  4,  6,  8,  10, 12, 14, 16, 18, 20, 22, 24, 26, 28, 30,
@@ -221,8 +233,7 @@ private:
     /// Half i of a register pair becomes the lower half of word i, half 32 + i its upper half; the
     /// second register's words begin 16 halves later.
     static U32 Interleave(U16 low, U16 high, unsigned highStart) {
-        const U32 word = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15};
-        const U32 indices = (word + (highStart - 32)) | (word + highStart) << 16;
+        const U32 indices = (WordIndices() + (highStart - 32)) | (WordIndices() + highStart) << 16;
         return AsWords(_mm512_permutex2var_epi16(AsRaw(low), AsRaw(indices), AsRaw(high)));
     }
 };

@@ -44,12 +44,17 @@ struct PortableLanes : BasicLanes<PortableRegister> {
     static U16 LoadBytesAsHalves(const std::uint8_t* p, Ends<k> ends) {
         return WidenBytes(Load<1>(p, ends));
     }
-    static U32 LoadBytesAsWords(const std::uint8_t* p, All) {
-        return WidenHalves(WidenBytes(Raw{LoadAs<std::uint32_t>(p), 0}));
+    /// A byte a word: in both of its halves, and in all of its bytes.
+    template <class Count>
+    static U16 LoadBytesTwice(const std::uint8_t* p, Count count) {
+        const U16 halves = WidenBytes(LoadFour(p, count));
+        return __builtin_shufflevector(halves, halves, 0, 0, 1, 1, 2, 2, 3, 3);
     }
-    template <unsigned k>
-    static U32 LoadBytesAsWords(const std::uint8_t* p, Ends<k> ends) {
-        return WidenHalves(WidenBytes(Load<1>(p, ends)));
+    template <class Count>
+    static U32 LoadBytesFourTimes(const std::uint8_t* p, Count count) {
+        const U8 bytes = AsBytes(LoadFour(p, count));
+        return AsWords(
+            __builtin_shufflevector(bytes, bytes, 0, 0, 0, 0, 1, 1, 1, 1, 2, 2, 2, 2, 3, 3, 3, 3));
     }
     /// Halves must not exceed 255.
     static void StoreHalvesAsBytes(std::uint8_t* p, U16 v, All) {
@@ -114,8 +119,10 @@ private:
         return AsHalves(__builtin_shufflevector(AsBytes(v), U8{}, 0, 16, 1, 16, 2, 16, 3, 16, 4, 16,
                                                 5, 16, 6, 16, 7, 16));
     }
-    static U32 WidenHalves(U16 v) {
-        return AsWords(__builtin_shufflevector(v, U16{}, 0, 8, 1, 8, 2, 8, 3, 8));
+    static Raw LoadFour(const std::uint8_t* p, All) { return Raw{LoadAs<std::uint32_t>(p), 0}; }
+    template <unsigned k>
+    static Raw LoadFour(const std::uint8_t* p, Ends<k> ends) {
+        return Load<1>(p, ends);
     }
 };
 

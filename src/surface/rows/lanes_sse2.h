@@ -59,12 +59,15 @@ struct Lanes128 : BasicLanes<Register128> {
     static U16 LoadBytesAsHalves(const std::uint8_t* p, Ends<k> ends) {
         return AsHalves(WidenBytes(Load<1>(p, ends)));
     }
-    static U32 LoadBytesAsWords(const std::uint8_t* p, All) {
-        return AsWords(WidenHalves(WidenBytes(Register128::LoadWord(p))));
+    /// A byte a word: in both of its halves, and in all of its bytes.
+    template <class Count>
+    static U16 LoadBytesTwice(const std::uint8_t* p, Count count) {
+        return AsHalves(Double16(WidenBytes(LoadFour(p, count))));
     }
-    template <unsigned k>
-    static U32 LoadBytesAsWords(const std::uint8_t* p, Ends<k> ends) {
-        return AsWords(WidenHalves(WidenBytes(Load<1>(p, ends))));
+    template <class Count>
+    static U32 LoadBytesFourTimes(const std::uint8_t* p, Count count) {
+        const __m128i bytes = LoadFour(p, count);
+        return AsWords(Double16(_mm_unpacklo_epi8(bytes, bytes)));
     }
     /// Halves must not exceed 255.
     static void StoreHalvesAsBytes(std::uint8_t* p, U16 v, All) {
@@ -122,7 +125,12 @@ struct Lanes128 : BasicLanes<Register128> {
 
 private:
     static __m128i WidenBytes(__m128i v) { return _mm_unpacklo_epi8(v, _mm_setzero_si128()); }
-    static __m128i WidenHalves(__m128i v) { return _mm_unpacklo_epi16(v, _mm_setzero_si128()); }
+    static __m128i Double16(__m128i v) { return _mm_unpacklo_epi16(v, v); }
+    static __m128i LoadFour(const std::uint8_t* p, All) { return Register128::LoadWord(p); }
+    template <unsigned k>
+    static __m128i LoadFour(const std::uint8_t* p, Ends<k> ends) {
+        return Load<1>(p, ends);
+    }
 };
 
 }  // namespace

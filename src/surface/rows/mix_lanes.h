@@ -20,8 +20,8 @@ inline Block KeepWhere(Block mask, Block old, Block fresh) {
 }
 
 /// The weights of old pixels under alphas 0..255, see OldWeight.
-template <class Vector>
-inline Vector OldWeights(Vector alphas) {
+template <class U16>
+inline U16 OldWeights(U16 alphas) {
     return alphas + (alphas >> 7);
 }
 
@@ -31,32 +31,16 @@ inline U16 MixHalves(U16 old, U16 fresh, U16 weights) {
     return (old - fresh) * weights + (fresh << 8);
 }
 
-/// The same where 256 times the colour is at hand.
-template <class U16>
-inline U16 MixHalves(U16 old, U16 fresh, U16 fresh256, U16 weights) {
-    return (old - fresh) * weights + fresh256;
-}
-
-/// Values up to 255 times k up to 256.
-template <class L>
-inline typename L::U16 Times(typename L::U16 values, std::uint32_t k) {
-    return values * L::SplatHalf(k);
-}
-template <class L>
-inline typename L::U32 Times(typename L::U32 values, std::uint32_t k) {
-    return L::AsWords(L::AsHalves(values) * L::SplatHalf(k));
-}
-
 /// Alphas whose opaque share is scaled by k <= 256, see scaleAlpha.
-template <class L, class Vector>
-inline Vector ScaledAlphas(Vector alphas, std::uint32_t k) {
-    return 255 - (Times<L>(255 - alphas, k) >> 8);
+template <class L>
+inline typename L::U16 ScaledAlphas(typename L::U16 alphas, std::uint32_t k) {
+    return 255 - ((255 - alphas) * L::SplatHalf(k) >> 8);
 }
 
 /// See MaskedAlpha. x / 255, rounded, is (x + 128 + (x + 128 >> 8)) >> 8 for x up to 65,025.
-template <class L, class Vector>
-inline Vector MaskedAlphas(Vector masks, std::uint32_t alpha) {
-    const Vector biased = Times<L>(255 - masks, 255 - alpha) + 128;
+template <class L>
+inline typename L::U16 MaskedAlphas(typename L::U16 masks, std::uint32_t alpha) {
+    const typename L::U16 biased = (255 - masks) * L::SplatHalf(255 - alpha) + 128;
     return 255 - ((biased + (biased >> 8)) >> 8);
 }
 
