@@ -95,10 +95,13 @@ Work MakeLines(Scene& scene, const Row& row) {
             color = row.half ? kHalfColor : kColor, dashes = row.dash ? kDashes : nullptr,
             count = row.dash ? 2 : 0, antialias = row.antialias] {
         for (const Segment& line : lines) {
+            const auto& [x0, y0, x1, y1] = line;
             if (antialias) {
-                surface->DrawAALine(line.x0, line.y0, line.x1, line.y1, color, dashes, count);
+                dashes != nullptr ? surface->DrawAALine(x0, y0, x1, y1, color, dashes, count)
+                                  : surface->DrawAALine(x0, y0, x1, y1, color);
             } else {
-                surface->DrawLine(line.x0, line.y0, line.x1, line.y1, color, dashes, count);
+                dashes != nullptr ? surface->DrawLine(x0, y0, x1, y1, color, dashes, count)
+                                  : surface->DrawLine(x0, y0, x1, y1, color);
             }
         }
     };

@@ -29,6 +29,9 @@ struct LineColor {
 
     /// The colour with a share as its alpha.
     std::uint32_t WithShare(std::uint32_t share) const { return (255 - share) << 24 | rgb; }
+
+    /// The near pixel's where the dot meets it exactly.
+    std::uint32_t WholeNear() const { return WithShare(NearShare(0)); }
 };
 
 /// The steps of a line by what of them is visible: some pixel in `touched`, both in `inner`.
@@ -127,6 +130,10 @@ bool IsTouchCertain(const LineWalk& walk, const VisibleSteps& visible, bool isSo
 }  // namespace
 
 void GfxSurface::DrawAALine(int x0, int y0, int x1, int y1, unsigned int color) {
+    const gfx::RowSpan row = gfx::LevelRow(x0, y0, x1, y1, MAX_LINE_LENGTH);
+    if (row.length != 0 && dots != nullptr && !empty) {
+        return RectFillBlend(row.x, y0, row.length, 1, LineColor(color).WholeNear());
+    }
     DrawAALine(x0, y0, x1, y1, color, nullptr, 0);
 }
 
@@ -142,7 +149,7 @@ void GfxSurface::DrawAALine(int x0, int y0, int x1, int y1, unsigned int color,
     if (walk.IsStraight() && dashes.IsSolid()) {
         // All of the share is the near pixel's. The far ones stay as they are but count as drawn
         // on, which matters only where no near one was visible.
-        const std::uint32_t near = lineColor.WithShare(lineColor.NearShare(0));
+        const std::uint32_t near = lineColor.WholeNear();
         constexpr std::uint32_t kInvisible = 0xFF000000;
         const unsigned length = walk.steps + 1;
         if (walk.isAlongX) {

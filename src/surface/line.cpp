@@ -69,6 +69,8 @@ bool PlotLine(const LineTarget& target, const LineWalk& walk, const Steps& steps
 }  // namespace
 
 void GfxSurface::DrawLine(int x0, int y0, int x1, int y1, unsigned int color) {
+    const gfx::RowSpan row = gfx::LevelRow(x0, y0, x1, y1, MAX_LINE_LENGTH);
+    if (row.length != 0 && dots != nullptr) return RectFillBlend(row.x, y0, row.length, 1, color);
     DrawLine(x0, y0, x1, y1, color, nullptr, 0);
 }
 

@@ -38,6 +38,24 @@ inline unsigned Extent(int a, int b) {
     return high - low;
 }
 
+/// A row of pixels.
+struct RowSpan {
+    int x;
+    unsigned length;
+};
+
+/// A level line as the row of pixels that it is. Most lines that a host draws are level or upright,
+/// and to see that here saves a fifth of a short one. Length 0: the line is not level, or it is one
+/// of the seldom ones, a single pixel, a line too long or at the end of the coordinates, that are
+/// left to those who draw any line.
+inline RowSpan LevelRow(int x0, int y0, int x1, int y1, unsigned limit) {
+    const unsigned steps = Extent(x0, x1);
+    const int left = x0 < x1 ? x0 : x1;
+    const int right = x0 < x1 ? x1 : x0;
+    const bool isLevel = y0 == y1 && steps != 0 && steps < limit && right != INT_MAX;
+    return {left, isLevel ? steps + 1 : 0};
+}
+
 /// Which way a line runs is seldom foreseen by the processor: so all but the axis is selected, not
 /// branched on.
 inline LineWalk WalkOf(int x0, int y0, int x1, int y1) {
