@@ -56,33 +56,45 @@ inline void CopyApart(std::uint8_t* to, const std::uint8_t* from, std::size_t n)
     L::StoreBytes(to + n - L::kBytes, L::LoadBytes(from + n - L::kBytes, All{}), All{});
 }
 
-/// Copies n bytes that may overlap in any way. Up to four vectors are loaded before the first is
-/// stored.
-template <class L>
-inline void CopyBytes(std::uint8_t* to, const std::uint8_t* from, std::size_t n) {
+/// Calls use(copy) with the way to copy n bytes, which may overlap in any way: copy(to, from). It
+/// is chosen once for many rows. Up to four vectors are loaded before the first is stored.
+template <class L, class Use>
+inline void WithCopy(std::size_t n, Use use) {
+    using Byte = std::uint8_t;
+    if (n == 0) return;
     if (n <= L::kBytes) {
-        if (n == 0) return;
         return UseOneBlock<L, L::kBytes>(static_cast<unsigned>(n), [&](auto count) {
-            L::StoreBytes(to, L::LoadBytes(from, count), count);
+            use([count](Byte* to, const Byte* from) {
+                L::StoreBytes(to, L::LoadBytes(from, count), count);
+            });
         });
     }
-    if (n > 4 * L::kBytes) {
+    if (n <= 2 * L::kBytes) {
+        return use([end = n - L::kBytes](Byte* to, const Byte* from) {
+            const auto first = L::LoadBytes(from, All{});
+            const auto last = L::LoadBytes(from + end, All{});
+            L::StoreBytes(to, first, All{});
+            L::StoreBytes(to + end, last, All{});
+        });
+    }
+    if (n <= 4 * L::kBytes) {
+        return use([end = n - L::kBytes](Byte* to, const Byte* from) {
+            const auto first = L::LoadBytes(from, All{});
+            const auto second = L::LoadBytes(from + L::kBytes, All{});
+            const auto third = L::LoadBytes(from + end - L::kBytes, All{});
+            const auto last = L::LoadBytes(from + end, All{});
+            L::StoreBytes(to, first, All{});
+            L::StoreBytes(to + L::kBytes, second, All{});
+            L::StoreBytes(to + end - L::kBytes, third, All{});
+            L::StoreBytes(to + end, last, All{});
+        });
+    }
+    use([n](Byte* to, const Byte* from) {
         // memmove may have wider vectors than the baseline.
         const bool isWide = L::kBytes > 16;
         if (isWide && !Overlap(to, n, from, n)) return CopyApart<L>(to, from, n);
         std::memmove(to, from, n);
-        return;
-    }
-    const auto first = L::LoadBytes(from, All{});
-    const auto last = L::LoadBytes(from + n - L::kBytes, All{});
-    if (n > 2 * L::kBytes) {
-        const auto second = L::LoadBytes(from + L::kBytes, All{});
-        const auto third = L::LoadBytes(from + n - 2 * L::kBytes, All{});
-        L::StoreBytes(to + L::kBytes, second, All{});
-        L::StoreBytes(to + n - 2 * L::kBytes, third, All{});
-    }
-    L::StoreBytes(to, first, All{});
-    L::StoreBytes(to + n - L::kBytes, last, All{});
+    });
 }
 
 }  // namespace
