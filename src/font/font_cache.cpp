@@ -132,9 +132,7 @@ void GfxFontCache::CharToUnicode() {
         if (isWindowsUnicode || isUnicodeDefault) open.charMap = gfx::SelectCharMap(open.face, i);
     }
     if (open.charMap == nullptr) return;
-    for (unsigned code = 0; code < gfx::kCodeCount; ++code) {
-        open.glyphIndex[code] = gfx::GlyphIndexOf(open.face, code);
-    }
+    gfx::ReadGlyphIndices(open.face, open.glyphIndex, gfx::kCodeCount);
 }
 
 short GfxFontCache::TypoDescender() const {

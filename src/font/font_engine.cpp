@@ -20,10 +20,10 @@ constexpr int kDotsPerInch = 72;  // a point is a pixel
 constexpr int kMaxEmSize = 0xFFFF;
 
 /// The nearest of the five steps 0x00, 0x40, 0x80, 0xC0 and 0xFF, of equal distances the upper one.
-/// Arithmetic and no table, so that whole images go through vectors.
+/// Arithmetic within bytes and no table, so that whole images go through vectors of bytes.
 std::uint8_t NearestOfFive(std::uint8_t coverage) {
-    const unsigned output = (coverage + 32U) / 64 * 64;
-    return static_cast<std::uint8_t>(output > 0xFF ? 0xFF : output);
+    const auto step = static_cast<std::uint8_t>(static_cast<std::uint8_t>(coverage + 32) & 0xC0);
+    return coverage < 0xE0 ? step : 0xFF;
 }
 
 }  // namespace
@@ -99,8 +99,14 @@ EngineCharMap SelectCharMap(EngineFace face, int i) {
     return FT_Set_Charmap(face, face->charmaps[i]) == 0 ? face->charmap : nullptr;
 }
 
-std::uint32_t GlyphIndexOf(EngineFace face, std::uint32_t code) {
-    return FT_Get_Char_Index(face, code);
+// From mapped code to mapped code: less than half the time of asking for every one.
+void ReadGlyphIndices(EngineFace face, std::uint32_t* indices, std::uint32_t count) {
+    FT_UInt index = 0;
+    FT_ULong code = FT_Get_First_Char(face, &index);
+    while (index != 0 && code < count) {
+        indices[code] = index;
+        code = FT_Get_Next_Char(face, code, &index);
+    }
 }
 
 GlyphMetrics LoadGlyph(EngineFace face, EngineGlyph container, std::uint32_t glyphIndex) {

@@ -81,11 +81,11 @@ int CountCharMaps(EngineFace face);
 /// The IDs of map i; false for a map that the engine made up because the file has none.
 bool ReadCharMapId(EngineFace face, int i, CharMapId& id);
 
-/// Makes map i the one that GlyphIndexOf asks; null when the engine cannot use it.
+/// Makes map i the one that ReadGlyphIndices asks; null when the engine cannot use it.
 EngineCharMap SelectCharMap(EngineFace face, int i);
 
-/// 0 for an unmapped code.
-std::uint32_t GlyphIndexOf(EngineFace face, std::uint32_t code);
+/// Stores the glyph indices of the codes below `count`; entries of unmapped codes stay as they are.
+void ReadGlyphIndices(EngineFace face, std::uint32_t* indices, std::uint32_t count);
 
 /// Loads a glyph scaled and hinted into the container. Without an outline the box and the bearings
 /// are 0; when nothing could be loaded the advance is 0 too.
