@@ -22,7 +22,8 @@ namespace {
 /// Depths 0 and 1 store nothing for drawing: packed bits are storage only. Every other format
 /// follows from its bytes per pixel.
 inline Storage FormatOf(unsigned depth, unsigned pixelShift) {
-    if (pixelShift != 0) return static_cast<Storage>(pixelShift + 1);
+    if (pixelShift == 2) [[likely]] return Storage::Color32;
+    if (pixelShift == 1) [[likely]] return Storage::Rgb565;
     return depth <= 1 ? Storage::None : Storage::Grey8;
 }
 
@@ -150,18 +151,16 @@ inline void BlendInto(std::uint8_t* row, std::size_t x, std::uint32_t rgb, std::
     StorePixel<Format>(row, x, pixel);
 }
 
-/// Calls visit with the type of a format; not at all where nothing is stored.
+/// Calls visit with the type of a format; not at all where nothing is stored. The wider the format,
+/// the fewer jumps: they are a tenth of the time of a single pixel.
 template <class Visit>
 inline void WithFormat(Storage storage, Visit visit) {
-    switch (storage) {
-        case Storage::None:
-            return;
-        case Storage::Grey8:
-            return visit(Grey8{});
-        case Storage::Rgb565:
-            return visit(Rgb565{});
-        case Storage::Color32:
-            return visit(Color32{});
+    if (storage == Storage::Color32) [[likely]] {
+        visit(Color32{});
+    } else if (storage == Storage::Rgb565) [[likely]] {
+        visit(Rgb565{});
+    } else if (storage == Storage::Grey8) {
+        visit(Grey8{});
     }
 }
 
