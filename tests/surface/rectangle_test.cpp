@@ -79,6 +79,33 @@ TEST(RectCopy, Source_pixels_meet_their_targets) {
     }
 }
 
+/// Large enough for each row to be repeated as soon as it is drawn.
+TEST(RectCopy, Large_tiles_repeat_across_and_down) {
+    constexpr int kTileW = 70, kTileH = 60, kW = 300, kH = 200;
+    const Rect r = {3, 2, 290, 190};
+    constexpr Point kStart = {17, 50};
+    for (const unsigned bits : {8U, 16U, 32U}) {
+        const SurfacePtr tile = MakeSurface(bits, kTileW, kTileH), s = MakeSurface(bits, kW, kH);
+        for (int i = 0; i < kTileW * kTileH; ++i) {
+            tile->SetPixelRGB(i % kTileW, i / kTileW, static_cast<Word>(i) * 0x9E3779B1);
+        }
+        s->RectCopy(r.x, r.y, r.w, r.h, kStart.x, kStart.y, tile.get(), true);
+        int differences = 0;
+        for (int y = 0; y < kH; ++y) {
+            for (int x = 0; x < kW; ++x) {
+                const int across = x - r.x, down = y - r.y;
+                const bool isCovered = across >= 0 && across < static_cast<int>(r.w) && down >= 0 &&
+                                       down < static_cast<int>(r.h);
+                const Word expected = isCovered ? tile->RetPixelRGB((kStart.x + across) % kTileW,
+                                                                    (kStart.y + down) % kTileH)
+                                                : 0;
+                differences += s->RetPixelRGB(x, y) != expected;
+            }
+        }
+        EXPECT_EQ(0, differences) << "depth " << bits;
+    }
+}
+
 TEST(RectCopy, Onto_itself_reads_before_it_writes) {
     for (const unsigned bits : {8u, 32u}) {
         const SurfacePtr across = Ramp(bits, 11, 1), down = Ramp(bits, 1, 11),
