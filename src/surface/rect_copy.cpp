@@ -99,10 +99,10 @@ void GfxSurface::CopyPixel(int x, int y, int srcX, int srcY, const GfxSurface& f
     if (transfer.wraps || transfer.RunsUpwards()) return transfer.ThroughScratchRow(step);
 
     unsigned done = 0;
-    if (source == Storage::Color32) {
-        done = step(transfer.Target(), transfer.Source(), rect.w, rect.h);
-    } else if (source == target) {
+    if (source == target) {
         done = own.copyKeyed(transfer.Target(), transfer.Source(), rect.w, rect.h, key.pixel);
+    } else if (source == Storage::Color32) {
+        done = step(transfer.Target(), transfer.Source(), rect.w, rect.h);
     } else if (target == Storage::Color32 && !key.exists) {
         done = kernels[source].toWords(transfer.Target(), transfer.Source(), rect.w, rect.h,
                                        from.alpha);

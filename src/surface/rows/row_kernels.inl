@@ -44,6 +44,7 @@ struct BlockKernels {
         });
     }
 
+    /// Wider vectors gain nothing here: the table has the narrow ones.
     static unsigned CopyKeyed(PixelRows to, PixelRows from, unsigned w, unsigned h, Word key) {
         using Blocks = KeyedPixels<L, Format>;
         const auto keys = L::AsRaw(L::SplatWord(key * kRepeats<Format>));
@@ -251,7 +252,7 @@ struct FormatTable {
         .blendMask8 = PickPair<F, Load::Heavy, W::BlendMask8, N::BlendMask8, Word>,
         .blendMask32 = PickPair<F, Load::Heavy, W::BlendMask32, N::BlendMask32, Word>,
         .copy = Copy<Format, Narrow>,
-        .copyKeyed = PickPair<F, Load::Light, W::CopyKeyed, N::CopyKeyed, Word>,
+        .copyKeyed = N::CopyKeyed,
         .toWords = PickPair<F, Load::Light, W::ToWords, N::ToWords, Word>,
         .fromWords = PickPair<F, Load::Light, W::FromWords, N::FromWords>,
         .fromWordsKeyed = PickPair<F, Load::Light, W::FromWordsKeyed, N::FromWordsKeyed, Word>,
