@@ -56,6 +56,19 @@ bool AreApart(const std::uint8_t* a, const std::uint8_t* b) {
     return distance + (kSize - 1) >= 2 * kSize - 1;
 }
 
+/// Plots steps along x whose pixels are all visible, one pixel after the other. A derived surface
+/// may show one row twice, or rows that begin within a pixel: there one share follows the other.
+template <class Format, class Steps>
+[[gnu::noinline]] void PlotOneByOne(std::uint8_t* const* lines, const LineWalk& walk,
+                                    const Steps& steps, StepRange range, const LineColor& color) {
+    gfx::WalkSteps(walk, steps, range, [=](int x, int y, const Steps& at) {
+        const auto column = static_cast<std::size_t>(x);
+        gfx::BlendInto<Format>(lines[y], column, color.rgb, 255 - color.NearShare(at.Fraction()));
+        gfx::BlendInto<Format>(lines[y + 1], column, color.rgb,
+                               255 - color.FarShare(at.Fraction()));
+    });
+}
+
 /// Plots the steps of a range whose pixels are all visible.
 template <class Format, class Steps>
 void PlotInner(const LineTarget& target, const LineWalk& walk, const Steps& steps, StepRange range,
@@ -64,18 +77,17 @@ void PlotInner(const LineTarget& target, const LineWalk& walk, const Steps& step
     std::uint8_t* const* const lines = target.lines;
     const gfx::PairBlend<Format> blend(color.rgb);
     if (walk.isAlongX) {
-        return gfx::WalkSteps(walk, steps, range, [=](int x, int y, const Steps& at) {
-            const std::size_t offset = static_cast<std::size_t>(x) * kSize;
-            std::uint8_t* const near = lines[y] + offset;
-            std::uint8_t* const far = lines[y + 1] + offset;
-            const std::uint32_t nearShare = color.NearShare(at.Fraction());
-            const std::uint32_t farShare = color.FarShare(at.Fraction());
-            if (AreApart<kSize>(near, far)) return blend(near, nearShare, far, farShare);
-            // A derived surface may show one row twice, or rows that begin within a pixel: there
-            // one share follows the other.
-            gfx::BlendInto<Format>(near, 0, color.rgb, 255 - nearShare);
-            gfx::BlendInto<Format>(far, 0, color.rgb, 255 - farShare);
-        });
+        const StepRange rest =
+            gfx::WalkStepsWhile(walk, steps, range, [=](int x, int y, const Steps& at) {
+                const std::size_t offset = static_cast<std::size_t>(x) * kSize;
+                std::uint8_t* const near = lines[y] + offset;
+                std::uint8_t* const far = lines[y + 1] + offset;
+                if (!AreApart<kSize>(near, far)) return false;
+                blend(near, color.NearShare(at.Fraction()), far, color.FarShare(at.Fraction()));
+                return true;
+            });
+        if (!rest.IsEmpty()) PlotOneByOne<Format>(lines, walk, steps, rest, color);
+        return;
     }
     gfx::WalkSteps(walk, steps, range, [=](int y, int x, const Steps& at) {
         std::uint8_t* const near = lines[y] + static_cast<std::size_t>(x) * kSize;

@@ -45,6 +45,20 @@ struct DashPattern {
     }
 };
 
+/// Calls dot(major, minor, steps) for each step of a range, up to the first for which it returns
+/// false. @return the range of those that are left.
+template <class Steps, class Dot>
+inline StepRange WalkStepsWhile(const LineWalk& walk, Steps steps, StepRange range, Dot dot) {
+    steps.MoveTo(range.first);
+    int major = walk.majorStart + static_cast<int>(range.first);
+    unsigned left = range.last - range.first;
+    for (; left > 0 && dot(major, steps.Minor(), steps); --left) {
+        steps.Advance();
+        ++major;
+    }
+    return {range.last - left, range.last};
+}
+
 /// Calls dot(major, minor, steps) for each step of a range.
 template <class Steps, class Dot>
 inline void WalkSteps(const LineWalk& walk, Steps steps, StepRange range, Dot dot) {

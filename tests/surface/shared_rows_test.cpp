@@ -13,17 +13,23 @@
 namespace test {
 namespace {
 
-/// Rows 2 k and 2 k + 1 are the same memory.
-class LineDoubler : public ProbeSurface {
+/// Every `repeats` rows are the same memory; it begins `distance` bytes behind that of the rows
+/// before, 0 standing for the pitch.
+class RowsAt : public ProbeSurface {
 public:
-    using ProbeSurface::ProbeSurface;
+    RowsAt(unsigned bits, unsigned repeats, unsigned distance)
+        : ProbeSurface(bits), repeats_(repeats), distance_(distance) {}
 
 protected:
     void AllocLinesForSurface() override {
         ProbeSurface::AllocLinesForSurface();
+        const std::size_t distance = distance_ == 0 ? Pitch() : distance_;
         for (unsigned y = 0; y < DY(); ++y)
-            lines[y] = surface + std::size_t{y / 2} * Pitch();
+            lines[y] = surface + y / repeats_ * distance;
     }
+
+private:
+    unsigned repeats_, distance_;
 };
 
 constexpr unsigned kWidth = 12;
@@ -41,7 +47,7 @@ TEST_P(SharedRows, A_tile_copy_leaves_what_the_later_of_two_rows_shows) {
                 0x00204060U * static_cast<unsigned>(1 + y) + 0x11U * static_cast<unsigned>(x));
         }
     }
-    LineDoubler target(GetParam());
+    RowsAt target(GetParam(), 2, 0);
     target.Initialise(kWidth, kHeight);
     target.RectCopy(0, 0, kWidth, kHeight, 1, 2, source.get(), true);
     for (int y = 0; y < static_cast<int>(kHeight); ++y) {
@@ -53,28 +59,31 @@ TEST_P(SharedRows, A_tile_copy_leaves_what_the_later_of_two_rows_shows) {
     }
 }
 
+/// Rows shown twice, and rows that begin less than a pixel, a pixel or little more behind another.
 TEST_P(SharedRows, A_smooth_line_blends_near_and_far_pixel_one_after_the_other) {
     const LedgerCheck ledger;
-    LineDoubler drawn(GetParam());
-    LineDoubler plotted(GetParam());
-    for (LineDoubler* surface : {&drawn, &plotted}) {
-        surface->Initialise(kWidth, kHeight);
-        surface->RectFill(0, 0, kWidth, kHeight, 0x00305070);
-    }
     constexpr unsigned kColor = 0x00F0A010;
     constexpr int kRise = 7;
-    drawn.DrawAALine(0, 1, kWidth - 1, 1 + kRise, kColor);
-    LineRecurrence dots(1, 0.0, kWidth - 1, kRise);
-    for (int x = 0; x < static_cast<int>(kWidth); ++x) {
-        const ModelDot dot = dots.Next();
-        const int near = static_cast<int>(dot.minor);
-        plotted.SetPixelRGBBlend(x, near, dot.fraction << 24 | kColor);
-        plotted.SetPixelRGBBlend(x, near + 1, (255 - dot.fraction) << 24 | kColor);
-    }
-    for (int y = 0; y < static_cast<int>(kHeight); ++y) {
+    for (unsigned distance = 0; distance <= 6; ++distance) {
+        RowsAt drawn(GetParam(), distance == 0 ? 2 : 1, distance);
+        RowsAt plotted(GetParam(), distance == 0 ? 2 : 1, distance);
+        for (RowsAt* surface : {&drawn, &plotted}) {
+            surface->Initialise(kWidth, kHeight);
+            surface->RectFill(0, 0, kWidth, kHeight, 0x00305070);
+        }
+        drawn.DrawAALine(0, 1, kWidth - 1, 1 + kRise, kColor);
+        LineRecurrence dots(1, 0.0, kWidth - 1, kRise);
         for (int x = 0; x < static_cast<int>(kWidth); ++x) {
-            ASSERT_EQ(plotted.RetPixelRGB(x, y), drawn.RetPixelRGB(x, y))
-                << "at (" << x << ", " << y << ")";
+            const ModelDot dot = dots.Next();
+            const int near = static_cast<int>(dot.minor);
+            plotted.SetPixelRGBBlend(x, near, dot.fraction << 24 | kColor);
+            plotted.SetPixelRGBBlend(x, near + 1, (255 - dot.fraction) << 24 | kColor);
+        }
+        for (int y = 0; y < static_cast<int>(kHeight); ++y) {
+            for (int x = 0; x < static_cast<int>(kWidth); ++x) {
+                ASSERT_EQ(plotted.RetPixelRGB(x, y), drawn.RetPixelRGB(x, y))
+                    << "at (" << x << ", " << y << "), rows " << distance << " bytes apart";
+            }
         }
     }
 }
