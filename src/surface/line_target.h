@@ -61,14 +61,11 @@ inline StepRange WalkStepsWhile(const LineWalk& walk, Steps steps, StepRange ran
 
 /// Calls dot(major, minor, steps) for each step of a range.
 template <class Steps, class Dot>
-inline void WalkSteps(const LineWalk& walk, Steps steps, StepRange range, Dot dot) {
-    steps.MoveTo(range.first);
-    int major = walk.majorStart + static_cast<int>(range.first);
-    for (unsigned left = range.last - range.first; left > 0; --left) {
-        dot(major, steps.Minor(), steps);
-        steps.Advance();
-        ++major;
-    }
+inline void WalkSteps(const LineWalk& walk, const Steps& steps, StepRange range, Dot dot) {
+    WalkStepsWhile(walk, steps, range, [=](int major, int minor, const Steps& at) {
+        dot(major, minor, at);
+        return true;
+    });
 }
 
 }  // namespace gfx
