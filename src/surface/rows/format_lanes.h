@@ -1,10 +1,10 @@
 // The three storage formats in vectors: how a block of pixels is loaded, stored, mixed and turned
 // into colour words. The row kernels are written once on top of these.
 //
-// A format's block holds kPixels pixels. Its Alphas are one value of 0..255 a pixel, its Colors
-// what Mix wants of the colours. Its Solid blends one colour of one alpha, whose share of each sum,
-// colour * (256 - weight), is the same for all pixels.
-// Unnamed namespace: see pixel_format.h.
+// A format's block holds kPixels pixels. Its Alphas are one value of 0..255 a pixel, in the upper
+// bytes of halves with nothing below, its Colors what Mix wants of the colours. Its Solid blends
+// one colour of one alpha, whose share of each sum, colour * (256 - weight), is the same for all
+// pixels. Unnamed namespace: see pixel_format.h.
 #ifndef GFX_SURFACE_ROWS_FORMAT_LANES_H
 #define GFX_SURFACE_ROWS_FORMAT_LANES_H
 
@@ -39,11 +39,11 @@ struct Grey8Lanes {
     static Colors SplatColor(std::uint32_t color) { return L::SplatHalf(RgbToGrey(color)); }
     template <class Count>
     static Alphas LoadMask(const std::uint8_t* p, Count count) {
-        return L::LoadBytesAsHalves(p, count);
+        return L::LoadBytesAsHalves(p, count) << 8;
     }
 
     using Words = WordPair<L>;
-    static Alphas AlphasOf(const Words& words) { return words.High() >> 8; }
+    static Alphas AlphasOf(const Words& words) { return words.High() & 0xFF00; }
     static Block Matches(const Words& words, std::uint32_t key) {
         return words.Map(
             [key]<class M>(M, typename M::U32 w) { return M::AsWords(w == M::SplatWord(key)); });
@@ -54,8 +54,8 @@ struct Grey8Lanes {
     static Colors ColorsOf(const Words& words) { return FromWords(words); }
     static Block PutOpaque(const std::uint8_t*, const Words& words) { return FromWords(words); }
 
-    static Block Mix(Block old, Colors colors, Alphas alphas) {
-        return MixHalves(old, colors, OldWeights(alphas)) >> 8;
+    static Block Mix(Block old, Colors colors, const Weights<Block>& weights) {
+        return MixHalves(old, colors, weights.old) >> 8;
     }
 
     /// Works on bytes, the even and the odd ones in halves of their own: twice as many a register
@@ -102,11 +102,11 @@ struct Rgb565Lanes {
     }
     template <class Count>
     static Alphas LoadMask(const std::uint8_t* p, Count count) {
-        return L::LoadBytesAsHalves(p, count);
+        return L::LoadBytesAsHalves(p, count) << 8;
     }
 
     using Words = WordPair<L>;
-    static Alphas AlphasOf(const Words& words) { return words.High() >> 8; }
+    static Alphas AlphasOf(const Words& words) { return words.High() & 0xFF00; }
     static Block Matches(const Words& words, std::uint32_t key) {
         return words.Map(
             [key]<class M>(M, typename M::U32 w) { return M::AsWords(w == M::SplatWord(key)); });
@@ -129,13 +129,11 @@ struct Rgb565Lanes {
                 L::MulHigh(pixels & 0x07E0, L::SplatHalf(8320)),
                 L::MulHigh(pixels << 11, L::SplatHalf(264))};
     }
-    static Block Mix(Block old, const Colors& colors, Alphas alphas) {
-        const Block weights = OldWeights(alphas);
-        const Block shares = 256 - weights;
+    static Block Mix(Block old, const Colors& colors, const Weights<Block>& weights) {
         const Colors wide = ChannelsOf(old);
-        return Pack({wide.red * weights + colors.red * shares,
-                     wide.green * weights + colors.green * shares,
-                     wide.blue * weights + colors.blue * shares});
+        return Pack({wide.red * weights.old + colors.red * weights.color,
+                     wide.green * weights.old + colors.green * weights.color,
+                     wide.blue * weights.old + colors.blue * weights.color});
     }
 
     /// The parts of pixels that 256 times their channels come to.
@@ -219,12 +217,11 @@ struct Rgb565Lanes {
         return {{colors.red << 8, colors.green << 8, colors.blue << 8},
                 Channels<Difference>(Difference{colors})};
     }
-    static Block Mix(Block old, const OneColor& color, Alphas alphas) {
-        const Block weights = OldWeights(alphas);
+    static Block Mix(Block old, const OneColor& color, const Weights<Block>& weights) {
         const Colors differences = color.differences.Of(old);
-        return Pack({differences.red * weights + color.colors256.red,
-                     differences.green * weights + color.colors256.green,
-                     differences.blue * weights + color.colors256.blue});
+        return Pack({differences.red * weights.old + color.colors256.red,
+                     differences.green * weights.old + color.colors256.green,
+                     differences.blue * weights.old + color.colors256.blue});
     }
 
     using Expanded = Words;
@@ -241,7 +238,7 @@ struct Color32Lanes {
     using Format = Color32;
     using Block = typename L::U32;
     using Halves = typename L::U16;
-    using Alphas = Halves;  // in both halves of a word
+    using Alphas = Halves;  // a pixel's in both halves of its word
     using Colors = Block;
     static constexpr unsigned kPixels = L::kWords;
 
@@ -256,7 +253,7 @@ struct Color32Lanes {
     static Colors SplatColor(std::uint32_t color) { return L::SplatWord(color); }
     template <class Count>
     static Alphas LoadMask(const std::uint8_t* p, Count count) {
-        return L::LoadBytesTwice(p, count);
+        return L::LoadBytesAsUpper(p, count);
     }
 
     struct Words {
@@ -281,12 +278,11 @@ struct Color32Lanes {
     /// 256 times the upper one's, and the product its mix less 256 * colour, plus 256 * green. What
     /// is a multiple of 256 may as well be set right after the shift, which saves cutting the
     /// channels apart: with AVX-512 blending words takes a sixth less.
-    static Block Mix(Block old, Colors colors, Alphas alphas) {
-        const Halves weights = OldWeights(alphas);
+    static Block Mix(Block old, Colors colors, const Weights<Halves>& weights) {
         const Halves olds = L::AsHalves(old);
         const Halves fresh = L::AsHalves(colors);
-        const Halves green = ((olds >> 8) - (fresh >> 8)) * weights;
-        const Halves redBlue = ((olds - fresh) * weights >> 8) + (fresh - green);
+        const Halves green = ((olds >> 8) - (fresh >> 8)) * weights.old;
+        const Halves redBlue = ((olds - fresh) * weights.old >> 8) + (fresh - green);
         return L::JoinChannels(redBlue, green, fresh & 0xFF00, old);
     }
 

@@ -114,6 +114,7 @@ struct BasicLanes {
     static constexpr unsigned kHalves = kBytes / 2;
     static constexpr unsigned kWords = kBytes / 4;
     static constexpr bool kHasMasks = Register::kHasMasks;
+    static constexpr bool kHasMulHigh = Register::kHasMulHigh;
     typedef std::uint8_t U8 __attribute__((vector_size(kBytes)));
     typedef std::uint16_t U16 __attribute__((vector_size(kBytes)));
     typedef std::uint32_t U32 __attribute__((vector_size(kBytes)));
@@ -195,10 +196,10 @@ struct BasicLanes {
         Register::template StoreUnder<kUnit>(mask & First(some.n), p, v);
     }
 
-    /// The top byte of each word, in both of its halves.
+    /// The top byte of each word as the upper byte of both of its halves.
     static U16 TopBytes(U32 words) {
-        const U32 tops = words >> 24;
-        return AsHalves(tops | tops << 16);
+        const U32 tops = words & 0xFF000000U;
+        return AsHalves(tops | tops >> 16);
     }
 
     /// Words of the lower bytes of `redBlue`, the upper byte of a sum of lower halves, and the top

@@ -14,6 +14,7 @@ namespace {
 struct Register256 {
     static constexpr unsigned kBytes = 32;
     static constexpr bool kHasMasks = false;
+    static constexpr bool kHasMulHigh = true;
     using Raw = __m256i;
 
     static __m256i Load(const std::uint8_t* p) {
@@ -60,18 +61,18 @@ struct Avx2Lanes : BasicLanes<Register> {
     using typename Base::U16;
     using typename Base::U32;
 
-    /// A byte a word: in both of its halves, and in all of its bytes.
+    /// A byte a word: as the upper byte of both of its halves, and as all of its bytes.
     template <class Count>
-    static U16 LoadBytesTwice(const std::uint8_t* p, Count count) {
+    static U16 LoadBytesAsUpper(const std::uint8_t* p, Count count) {
         return AsHalves(
-            Shuffle(Register::LoadEightTwice(p, count), WordIndices() * 0x00010001U + 0x80008000U));
+            Shuffle(Register::LoadEightTwice(p, count), WordIndices() * 0x01000100U + 0x00800080U));
     }
     template <class Count>
     static U32 LoadBytesFourTimes(const std::uint8_t* p, Count count) {
         return AsWords(Shuffle(Register::LoadEightTwice(p, count), WordIndices() * 0x01010101U));
     }
     static U16 TopBytes(U32 words) {
-        return AsHalves(Shuffle(AsRaw(words), WordIndices() * 0x00040004U + 0x80038003U));
+        return AsHalves(Shuffle(AsRaw(words), WordIndices() * 0x04000400U + 0x03800380U));
     }
     static U32 JoinChannels(U16 redBlue, U16 green1, U16 green2, U32 old) {
         const __m256i alphaGreen = _mm256_blend_epi16(AsRaw(green1 + green2), AsRaw(old), 0xAA);

@@ -18,6 +18,7 @@ namespace {
 struct Register512 {
     static constexpr unsigned kBytes = 64;
     static constexpr bool kHasMasks = true;
+    static constexpr bool kHasMulHigh = true;
     using Raw = __m512i;
 
     /// Into a register: g++ would rather load again for each use, which doubles up where blocks
@@ -63,6 +64,7 @@ inline __m128i Load128(const std::uint8_t* p) {
 struct MaskedRegister256 {
     static constexpr unsigned kBytes = 32;
     static constexpr bool kHasMasks = true;
+    static constexpr bool kHasMulHigh = true;
     using Raw = __m256i;
 
     static Raw Load(const std::uint8_t* p) {
@@ -156,16 +158,16 @@ struct Lanes512 : BasicLanes<Register512> {
         return AsHalves(_mm512_cvtepu8_epi16(MaskedRegister256::Load<1>(p, s.n)));
     }
     template <class Count>
-    static U16 LoadBytesTwice(const std::uint8_t* p, Count count) {
+    static U16 LoadBytesAsUpper(const std::uint8_t* p, Count count) {
         return AsHalves(
-            Shuffle(LoadInQuarters(p, count), WordIndices() * 0x00010001U + 0x80008000U));
+            Shuffle(LoadInQuarters(p, count), WordIndices() * 0x01000100U + 0x00800080U));
     }
     template <class Count>
     static U32 LoadBytesFourTimes(const std::uint8_t* p, Count count) {
         return AsWords(Shuffle(LoadInQuarters(p, count), WordIndices() * 0x01010101U));
     }
     static U16 TopBytes(U32 words) {
-        return AsHalves(Shuffle(AsRaw(words), WordIndices() * 0x00040004U + 0x80038003U));
+        return AsHalves(Shuffle(AsRaw(words), WordIndices() * 0x04000400U + 0x03800380U));
     }
     static U32 JoinChannels(U16 redBlue, U16 green1, U16 green2, U32 old) {
         const __m512i alphaGreen =

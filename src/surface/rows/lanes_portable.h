@@ -13,6 +13,7 @@ typedef std::uint64_t TwoWords64 __attribute__((vector_size(16)));
 struct PortableRegister {
     static constexpr unsigned kBytes = 16;
     static constexpr bool kHasMasks = false;
+    static constexpr bool kHasMulHigh = false;
     using Raw = TwoWords64;
 
     static Raw Load(const std::uint8_t* p) { return LoadAs<Raw>(p); }
@@ -44,10 +45,10 @@ struct PortableLanes : BasicLanes<PortableRegister> {
     static U16 LoadBytesAsHalves(const std::uint8_t* p, Ends<k> ends) {
         return WidenBytes(Load<1>(p, ends));
     }
-    /// A byte a word: in both of its halves, and in all of its bytes.
+    /// A byte a word: as the upper byte of both of its halves, and as all of its bytes.
     template <class Count>
-    static U16 LoadBytesTwice(const std::uint8_t* p, Count count) {
-        const U16 halves = WidenBytes(LoadFour(p, count));
+    static U16 LoadBytesAsUpper(const std::uint8_t* p, Count count) {
+        const U16 halves = WidenBytes(LoadFour(p, count)) << 8;
         return __builtin_shufflevector(halves, halves, 0, 0, 1, 1, 2, 2, 3, 3);
     }
     template <class Count>

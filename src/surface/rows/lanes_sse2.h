@@ -13,6 +13,7 @@ namespace {
 struct Register128 {
     static constexpr unsigned kBytes = 16;
     static constexpr bool kHasMasks = false;
+    static constexpr bool kHasMulHigh = true;
     using Raw = __m128i;
 
     static __m128i Load(const std::uint8_t* p) {
@@ -59,10 +60,10 @@ struct Lanes128 : BasicLanes<Register128> {
     static U16 LoadBytesAsHalves(const std::uint8_t* p, Ends<k> ends) {
         return AsHalves(WidenBytes(Load<1>(p, ends)));
     }
-    /// A byte a word: in both of its halves, and in all of its bytes.
+    /// A byte a word: as the upper byte of both of its halves, and as all of its bytes.
     template <class Count>
-    static U16 LoadBytesTwice(const std::uint8_t* p, Count count) {
-        return AsHalves(Double16(WidenBytes(LoadFour(p, count))));
+    static U16 LoadBytesAsUpper(const std::uint8_t* p, Count count) {
+        return AsHalves(Double16(_mm_unpacklo_epi8(_mm_setzero_si128(), LoadFour(p, count))));
     }
     template <class Count>
     static U32 LoadBytesFourTimes(const std::uint8_t* p, Count count) {

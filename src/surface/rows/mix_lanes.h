@@ -19,29 +19,54 @@ inline Block KeepWhere(Block mask, Block old, Block fresh) {
     return (old & mask) | (fresh & ~mask);
 }
 
-/// The weights of old pixels under alphas 0..255, see OldWeight.
-template <class U16>
-inline U16 OldWeights(U16 alphas) {
-    return alphas + (alphas >> 7);
-}
-
 /// 256 times the mixed channel; its high byte is the channel.
 template <class U16>
 inline U16 MixHalves(U16 old, U16 fresh, U16 weights) {
     return (old - fresh) * weights + (fresh << 8);
 }
 
-/// Alphas whose opaque share is scaled by k <= 256, see scaleAlpha.
+/// How many 256ths of a mixed channel are the old pixel's, and how many the colour's.
+template <class U16>
+struct Weights {
+    U16 old, color;
+};
+
+/// Under alphas that stand in the upper bytes of halves, with nothing below; see OldWeight.
+/// 256 a * 258 is 65536 a + 512 a, so its high half is a, plus 1 from 128 on.
 template <class L>
-inline typename L::U16 ScaledAlphas(typename L::U16 alphas, std::uint32_t k) {
-    return 255 - ((255 - alphas) * L::SplatHalf(k) >> 8);
+inline Weights<typename L::U16> WeightsUnder(typename L::U16 alphas) {
+    if constexpr (L::kHasMulHigh) {
+        const auto old = L::MulHigh(alphas, L::SplatHalf(258));
+        return {old, 256 - old};
+    } else {
+        const auto old = (alphas >> 8) + (alphas >> 15);
+        return {old, 256 - old};
+    }
 }
 
-/// See MaskedAlpha. x / 255, rounded, is (x + 128 + (x + 128 >> 8)) >> 8 for x up to 65,025.
+/// Of colours whose opaque share, 255 less the alpha, is 0..255.
+template <class U16>
+inline Weights<U16> WeightsOfShares(U16 shares) {
+    const U16 color = shares + (shares >> 7);
+    return {256 - color, color};
+}
+
+/// The same as WeightsUnder where the opaque share is scaled by k <= 256, see scaleAlpha.
 template <class L>
-inline typename L::U16 MaskedAlphas(typename L::U16 masks, std::uint32_t alpha) {
-    const typename L::U16 biased = (255 - masks) * L::SplatHalf(255 - alpha) + 128;
-    return 255 - ((biased + (biased >> 8)) >> 8);
+inline Weights<typename L::U16> ScaledWeights(typename L::U16 alphas, std::uint32_t k) {
+    const typename L::U16 shares = alphas ^ 0xFF00;  // in the upper bytes
+    const auto factor = L::SplatHalf(k);
+    if constexpr (L::kHasMulHigh) return WeightsOfShares(L::MulHigh(shares, factor));
+    return WeightsOfShares<typename L::U16>((shares >> 8) * factor >> 8);
+}
+
+/// The same for a colour of an alpha through masks, see MaskedAlpha. x / 255, rounded, is
+/// (x + 128 + (x + 128 >> 8)) >> 8 for x up to 65,025.
+template <class L>
+inline Weights<typename L::U16> MaskedWeights(typename L::U16 masks, std::uint32_t alpha) {
+    const typename L::U16 shares = (masks ^ 0xFF00) >> 8;
+    const typename L::U16 biased = shares * L::SplatHalf(255 - alpha) + 128;
+    return WeightsOfShares<typename L::U16>((biased + (biased >> 8)) >> 8);
 }
 
 /// Grey levels of colour words. The sum of a word's pair (blue, red + 2 green) times (103, 307).

@@ -26,12 +26,12 @@ struct BlockKernels {
         const Word alpha = AlphaOf(color);
         if (alpha == 0) {  // under an opaque colour the mask is the alpha
             return Walk<Grey8>(to, mask, w, h, [&](const Byte* p, const Byte* m, auto count) {
-                return F::Mix(F::Load(p, count), colors, F::LoadMask(m, count));
+                return F::Mix(F::Load(p, count), colors, WeightsUnder<L>(F::LoadMask(m, count)));
             });
         }
         return Walk<Grey8>(to, mask, w, h, [&](const Byte* p, const Byte* m, auto count) {
-            const auto alphas = MaskedAlphas<L>(F::LoadMask(m, count), alpha);
-            return F::Mix(F::Load(p, count), colors, alphas);
+            const auto weights = MaskedWeights<L>(F::LoadMask(m, count), alpha);
+            return F::Mix(F::Load(p, count), colors, weights);
         });
     }
 
@@ -39,8 +39,8 @@ struct BlockKernels {
         const auto colors = F::SplatColor(color);
         const Word alpha = AlphaOf(color);
         return Walk<Color32>(to, mask, w, h, [&](const Byte* p, const Byte* m, auto count) {
-            const auto alphas = MaskedAlphas<L>(F::AlphasOf(Words::Load(m, count)), alpha);
-            return F::Mix(F::Load(p, count), colors, alphas);
+            const auto weights = MaskedWeights<L>(F::AlphasOf(Words::Load(m, count)), alpha);
+            return F::Mix(F::Load(p, count), colors, weights);
         });
     }
 
@@ -113,8 +113,8 @@ struct BlockKernels {
     static unsigned BlendWordsScaled(PixelRows to, PixelRows from, unsigned w, unsigned h, Word k) {
         return Walk<Color32>(to, from, w, h, [&](const Byte* p, const Byte* source, auto count) {
             const Words words = Words::Load(source, count);
-            const auto alphas = ScaledAlphas<L>(F::AlphasOf(words), k);
-            return F::Mix(F::Load(p, count), F::ColorsOf(words), alphas);
+            const auto weights = ScaledWeights<L>(F::AlphasOf(words), k);
+            return F::Mix(F::Load(p, count), F::ColorsOf(words), weights);
         });
     }
 
@@ -133,7 +133,7 @@ private:
 
     static auto MixBlock(const Byte* p, const Byte* source, auto count) {
         const Words words = Words::Load(source, count);
-        return F::Mix(F::Load(p, count), F::ColorsOf(words), F::AlphasOf(words));
+        return F::Mix(F::Load(p, count), F::ColorsOf(words), WeightsUnder<L>(F::AlphasOf(words)));
     }
 
     [[gnu::noinline]] static unsigned BlendBlocks(PixelRows to, PixelRows from, unsigned w,
