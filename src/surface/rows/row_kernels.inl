@@ -75,9 +75,11 @@ struct BlockKernels {
     }
 
     /// Rows that look like a sprite's are asked block by block whether all of it is invisible, or
-    /// opaque: in 32 bits they take a fifth less. Others would lose by it.
+    /// opaque: in 32 bits they take a fifth less. Others would lose by it, and so would blocks of
+    /// 16 pixels, too many of which hold a rim.
     static unsigned BlendWords(PixelRows to, PixelRows from, unsigned w, unsigned h) {
-        if (w < 4 * F::kPixels) return BlendBlocks(to, from, w, h);
+        constexpr bool areBlocksSmall = FormatLanes<Narrow>::kPixels < 16;
+        if (!areBlocksSmall || w < 4 * F::kPixels) return BlendBlocks(to, from, w, h);
         unsigned done = 0;
         while (done < h) {
             const unsigned rows = h - done < kSampledRows ? h - done : kSampledRows;
