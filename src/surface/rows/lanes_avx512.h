@@ -108,8 +108,9 @@ struct MaskedRegister256 {
     }
 };
 
-/// For ternary logic: where the first operand is set the second one, elsewhere the third.
-constexpr int kChoose = 0xCA;
+/// For ternary logic: where the third operand is set the second one, elsewhere the first, which
+/// gives its register to the result.
+constexpr int kChoose = 0xD8;
 
 /// The halves of a word, or of all words, as a mask of bits that the compiler does not see through:
 /// clang would make moves under masks of it, and load the masks anew for each.
@@ -145,8 +146,8 @@ struct MaskedLanes256 : Avx2Lanes<MaskedRegister256> {
     static U32 JoinChannels(U16 redBlue, U16 green1, U16 green2, U32 old) {
         const __m256i alphaGreen = _mm256_mask_add_epi16(
             AsRaw(old), static_cast<__mmask16>(LowHalves()), AsRaw(green1), AsRaw(green2));
-        return AsWords(_mm256_ternarylogic_epi32(AsRaw(SplatWord(0xFF00FF00U)), alphaGreen,
-                                                 AsRaw(redBlue), kChoose));
+        return AsWords(_mm256_ternarylogic_epi32(AsRaw(redBlue), alphaGreen,
+                                                 AsRaw(SplatWord(0xFF00FF00U)), kChoose));
     }
 };
 
@@ -172,8 +173,8 @@ struct Lanes512 : BasicLanes<Register512> {
     static U32 JoinChannels(U16 redBlue, U16 green1, U16 green2, U32 old) {
         const __m512i alphaGreen =
             _mm512_mask_add_epi16(AsRaw(old), LowHalves(), AsRaw(green1), AsRaw(green2));
-        return AsWords(_mm512_ternarylogic_epi32(AsRaw(SplatWord(0xFF00FF00U)), alphaGreen,
-                                                 AsRaw(redBlue), kChoose));
+        return AsWords(_mm512_ternarylogic_epi32(AsRaw(redBlue), alphaGreen,
+                                                 AsRaw(SplatWord(0xFF00FF00U)), kChoose));
     }
     static void StoreHalvesAsBytes(std::uint8_t* p, U16 v, All) {
         MaskedRegister256::Store(p, _mm512_cvtepi16_epi8(AsRaw(v)));
