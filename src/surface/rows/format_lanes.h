@@ -20,13 +20,32 @@ namespace {
 template <class L>
 struct Color32Lanes;
 
+/// What the formats below 32 bits share: a pixel is a half, next to a pair of registers of words.
 template <class L>
-struct Grey8Lanes {
-    using Format = Grey8;
-    using Block = typename L::U16;  // a half a pixel
+struct HalfLanes {
+    using Block = typename L::U16;
     using Alphas = Block;
-    using Colors = Block;
+    using Words = WordPair<L>;
     static constexpr unsigned kPixels = L::kHalves;
+
+    template <class Count>
+    static Alphas LoadMask(const std::uint8_t* p, Count count) {
+        return L::LoadBytesAsHalves(p, count) << 8;
+    }
+
+    static Alphas AlphasOf(const Words& words) { return words.High() & 0xFF00; }
+    static Block Matches(const Words& words, std::uint32_t key) {
+        return words.Map(
+            [key]<class M>(M, typename M::U32 w) { return M::AsWords(w == M::SplatWord(key)); });
+    }
+};
+
+template <class L>
+struct Grey8Lanes : HalfLanes<L> {
+    using Format = Grey8;
+    using Block = typename L::U16;
+    using Words = WordPair<L>;
+    using Colors = Block;
 
     template <class Count>
     static Block Load(const std::uint8_t* p, Count count) {
@@ -37,17 +56,6 @@ struct Grey8Lanes {
         L::StoreHalvesAsBytes(p, pixels, count);
     }
     static Colors SplatColor(std::uint32_t color) { return L::SplatHalf(RgbToGrey(color)); }
-    template <class Count>
-    static Alphas LoadMask(const std::uint8_t* p, Count count) {
-        return L::LoadBytesAsHalves(p, count) << 8;
-    }
-
-    using Words = WordPair<L>;
-    static Alphas AlphasOf(const Words& words) { return words.High() & 0xFF00; }
-    static Block Matches(const Words& words, std::uint32_t key) {
-        return words.Map(
-            [key]<class M>(M, typename M::U32 w) { return M::AsWords(w == M::SplatWord(key)); });
-    }
     static Block FromWords(const Words& words) {
         return words.Map([]<class M>(M, typename M::U32 w) { return GreysOfWords<M>(w); });
     }
@@ -83,14 +91,13 @@ struct Grey8Lanes {
 };
 
 template <class L>
-struct Rgb565Lanes {
+struct Rgb565Lanes : HalfLanes<L> {
     using Format = Rgb565;
     using Block = typename L::U16;
-    using Alphas = Block;
+    using Words = WordPair<L>;
     struct Colors {
         Block red, green, blue;
     };
-    static constexpr unsigned kPixels = L::kHalves;
 
     template <class Count>
     static Block Load(const std::uint8_t* p, Count count) {
@@ -99,17 +106,6 @@ struct Rgb565Lanes {
     template <class Count>
     static void Store(std::uint8_t* p, Block pixels, Count count) {
         L::StoreHalves(p, pixels, count);
-    }
-    template <class Count>
-    static Alphas LoadMask(const std::uint8_t* p, Count count) {
-        return L::LoadBytesAsHalves(p, count) << 8;
-    }
-
-    using Words = WordPair<L>;
-    static Alphas AlphasOf(const Words& words) { return words.High() & 0xFF00; }
-    static Block Matches(const Words& words, std::uint32_t key) {
-        return words.Map(
-            [key]<class M>(M, typename M::U32 w) { return M::AsWords(w == M::SplatWord(key)); });
     }
     static Block FromWords(const Words& words) {
         return words.Map([]<class M>(M, typename M::U32 w) { return Pixels16OfWords<M>(w); });
