@@ -71,6 +71,11 @@ target_compile_options(gfx_objects PRIVATE -ffp-contract=off)
 
 # Exported members are not meant to be replaced from outside, so they may be inlined into each other.
 target_compile_options(gfx_objects PRIVATE -fno-semantic-interposition)
+
+# The smallest functions then lie within one cache line each, wherever the linker puts them: writing
+# single pixels takes up to a twelfth less.
+target_compile_options(gfx_objects
+                       PRIVATE $<$<CONFIG:Release,RelWithDebInfo>:-falign-functions=64>)
 if(GFX_TARGETS_I386)
   target_compile_options(gfx_objects PRIVATE -msse2 -mfpmath=sse)
 endif()
