@@ -110,7 +110,7 @@ struct MaskedRegister256 {
 
 /// For ternary logic: where the third operand is set the second one, elsewhere the first, which
 /// gives its register to the result.
-constexpr int kChoose = 0xD8;
+inline constexpr int kChoose = 0xD8;
 
 /// The halves of a word, or of all words, as a mask of bits that the compiler does not see through:
 /// clang would make moves under masks of it, and load the masks anew for each.
