@@ -82,7 +82,8 @@ public:
         return *cache_;
     }
     test::FencedMemory& Run() { return run_ ? *run_ : run_.emplace(3 * kRunPixels, 1U); }
-    test::FencedMemory& Bits() { return bits_ ? *bits_ : bits_.emplace(24U, 160U); }
+    /// Wide enough for surface 2 in 8 bits, 188 pixels, 43 bits behind the buffer's first column.
+    test::FencedMemory& Bits() { return bits_ ? *bits_ : bits_.emplace(32U, 160U); }
     test::FencedMemory& Display() {
         return display_ ? *display_ : display_.emplace(2 * kDisplaySide, kDisplaySide, 3U, 1U);
     }
