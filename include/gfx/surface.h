@@ -382,7 +382,7 @@ private:
     void CopyConverted(int x, int y, unsigned int w, unsigned int h, int srcX, int srcY,
                        const GfxSurface& from, bool tile);
 
-    /// RectCopy of a single pixel within one format.
+    /// RectCopy of a single pixel without a colour key.
     void CopyPixel(int x, int y, int srcX, int srcY, const GfxSurface& from);
 
     bool IsInsideClip(int x, int y) const {

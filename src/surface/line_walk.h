@@ -45,9 +45,9 @@ struct RowSpan {
 };
 
 /// A level line as the row of pixels that it is. Most lines that a host draws are level or upright,
-/// and to see that here saves a fifth of a short one. Length 0: the line is not level, or it is one
-/// of the seldom ones, a single pixel, a line too long or at the end of the coordinates, that are
-/// left to those who draw any line.
+/// and to see it before anything else saves a sixth of 500 pixels in 32 bits. Length 0: the line is
+/// not level, or it is one of the seldom ones, a single pixel, a line too long or at the end of the
+/// coordinates, that are left to those who draw any line.
 inline RowSpan LevelRow(int x0, int y0, int x1, int y1, unsigned limit) {
     const unsigned steps = Extent(x0, x1);
     const int left = x0 < x1 ? x0 : x1;

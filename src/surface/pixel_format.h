@@ -22,10 +22,12 @@ namespace {
 /// Depths 0 and 1 store nothing for drawing: packed bits are storage only. Every other format
 /// follows from its bytes per pixel.
 inline Storage FormatOf(unsigned depth, unsigned pixelShift) {
-    if (pixelShift == 2) [[likely]]
+    if (pixelShift == 2) [[likely]] {
         return Storage::Color32;
-    if (pixelShift == 1) [[likely]]
+    }
+    if (pixelShift == 1) [[likely]] {
         return Storage::Rgb565;
+    }
     return depth <= 1 ? Storage::None : Storage::Grey8;
 }
 

@@ -139,7 +139,7 @@ struct Rgb565Lanes : HalfLanes<L> {
     static Block Join(const Colors& parts) { return parts.red | parts.green | parts.blue; }
     static Block Pack(const Colors& sums) { return Join(PartsOf(sums)); }
 
-    static Colors SplatColors(std::uint32_t color) {
+    static Colors SplatChannels(std::uint32_t color) {
         return {L::SplatHalf(color >> 16 & 0xFF), L::SplatHalf(color >> 8 & 0xFF),
                 L::SplatHalf(color & 0xFF)};
     }
@@ -178,7 +178,7 @@ struct Rgb565Lanes : HalfLanes<L> {
         Colors shares;
 
         explicit BlendedParts(std::uint32_t color)
-            : weight(L::SplatHalf(OldWeight(AlphaOf(color)))), shares(SplatColors(color)) {
+            : weight(L::SplatHalf(OldWeight(AlphaOf(color)))), shares(SplatChannels(color)) {
             const Block colorWeight = 256 - weight;
             shares.red *= colorWeight;
             shares.green *= colorWeight;
@@ -209,7 +209,7 @@ struct Rgb565Lanes : HalfLanes<L> {
         Channels<Difference> differences;
     };
     static OneColor SplatColor(std::uint32_t color) {
-        const Colors colors = SplatColors(color);
+        const Colors colors = SplatChannels(color);
         return {{colors.red << 8, colors.green << 8, colors.blue << 8},
                 Channels<Difference>(Difference{colors})};
     }

@@ -112,8 +112,8 @@ struct MaskedRegister256 {
 /// gives its register to the result.
 inline constexpr int kChoose = 0xD8;
 
-/// The halves of a word, or of all words, as a mask of bits that the compiler does not see through:
-/// clang would make moves under masks of it, and load the masks anew for each.
+/// The lower half of each word, as a mask of bits that the compiler does not see through: clang
+/// would make moves under masks of it, and load the masks anew for each.
 inline __mmask32 LowHalves() {
     __mmask32 mask = 0x55555555;
     __asm__("" : "+Yk"(mask));

@@ -35,13 +35,9 @@ struct Weights {
 /// 256 a * 258 is 65536 a + 512 a, so its high half is a, plus 1 from 128 on.
 template <class L>
 inline Weights<typename L::U16> WeightsUnder(typename L::U16 alphas) {
-    if constexpr (L::kHasMulHigh) {
-        const auto old = L::MulHigh(alphas, L::SplatHalf(258));
-        return {old, 256 - old};
-    } else {
-        const auto old = (alphas >> 8) + (alphas >> 15);
-        return {old, 256 - old};
-    }
+    typename L::U16 old = (alphas >> 8) + (alphas >> 15);
+    if constexpr (L::kHasMulHigh) old = L::MulHigh(alphas, L::SplatHalf(258));
+    return {old, 256 - old};
 }
 
 /// Of colours whose opaque share, 255 less the alpha, is 0..255.
