@@ -62,8 +62,12 @@ struct Grey8Lanes : HalfLanes<L> {
     static Colors ColorsOf(const Words& words) { return FromWords(words); }
     static Block PutOpaque(const std::uint8_t*, const Words& words) { return FromWords(words); }
 
-    static Block Mix(Block old, Colors colors, const Weights<Block>& weights) {
-        return MixHalves(old, colors, weights.old) >> 8;
+    template <bool kOfColors>
+    static Block Mix(Block old, Colors colors, const Weights<Block, kOfColors>& weights) {
+        return MixTowards(weights, old, colors, [](Block from, Block to, Block weight) {
+            const Block rise = (to - from) * weight >> 8;
+            return L::AsHalves(L::AsBytes(from) + L::AsBytes(rise));
+        });
     }
 
     /// Works on bytes, the even and the odd ones in halves of their own: twice as many a register
@@ -125,11 +129,14 @@ struct Rgb565Lanes : HalfLanes<L> {
                 L::MulHigh(pixels & 0x07E0, L::SplatHalf(8320)),
                 L::MulHigh(pixels << 11, L::SplatHalf(264))};
     }
-    static Block Mix(Block old, const Colors& colors, const Weights<Block>& weights) {
+    template <bool kOfColors>
+    static Block Mix(Block old, const Colors& colors, const Weights<Block, kOfColors>& weights) {
         const Colors wide = ChannelsOf(old);
-        return Pack({wide.red * weights.old + colors.red * weights.color,
-                     wide.green * weights.old + colors.green * weights.color,
-                     wide.blue * weights.old + colors.blue * weights.color});
+        const Block oldWeight = weights.Old();
+        const Block colorWeight = weights.Color();
+        return Pack({wide.red * oldWeight + colors.red * colorWeight,
+                     wide.green * oldWeight + colors.green * colorWeight,
+                     wide.blue * oldWeight + colors.blue * colorWeight});
     }
 
     /// The parts of pixels that 256 times their channels come to.
@@ -213,11 +220,13 @@ struct Rgb565Lanes : HalfLanes<L> {
         return {{colors.red << 8, colors.green << 8, colors.blue << 8},
                 Channels<Difference>(Difference{colors})};
     }
-    static Block Mix(Block old, const OneColor& color, const Weights<Block>& weights) {
+    template <bool kOfColors>
+    static Block Mix(Block old, const OneColor& color, const Weights<Block, kOfColors>& weights) {
         const Colors differences = color.differences.Of(old);
-        return Pack({differences.red * weights.old + color.colors256.red,
-                     differences.green * weights.old + color.colors256.green,
-                     differences.blue * weights.old + color.colors256.blue});
+        const Block weight = weights.Old();
+        return Pack({differences.red * weight + color.colors256.red,
+                     differences.green * weight + color.colors256.green,
+                     differences.blue * weight + color.colors256.blue});
     }
 
     using Expanded = Words;
@@ -269,17 +278,19 @@ struct Color32Lanes {
     static Block FromWords(const Words& words) { return words.words; }
     static Colors ColorsOf(const Words& words) { return words.words; }
 
-    /// The upper channel of each half, green or alpha, is mixed by itself; of alpha the old byte
-    /// stays. For the lower channel whole halves are subtracted: that is its own difference plus
-    /// 256 times the upper one's, and the product its mix less 256 * colour, plus 256 * green. What
-    /// is a multiple of 256 may as well be set right after the shift, which saves cutting the
-    /// channels apart: with AVX-512 blending words takes a sixth less.
-    static Block Mix(Block old, Colors colors, const Weights<Halves>& weights) {
-        const Halves olds = L::AsHalves(old);
-        const Halves fresh = L::AsHalves(colors);
-        const Halves green = ((olds >> 8) - (fresh >> 8)) * weights.old;
-        const Halves redBlue = ((olds - fresh) * weights.old >> 8) + (fresh - green);
-        return L::JoinChannels(redBlue, green, fresh & 0xFF00, old);
+    /// A channel goes by its difference times the weight / 256, rounded down, towards the other; as
+    /// bytes, which wrap. For the upper one of a half that is the upper byte of a product. For the
+    /// lower one whole halves are subtracted: their product / 256 is its own plus the upper one's
+    /// whole product. With AVX-512 blending words takes a third less than by channels cut out.
+    template <bool kOfColors>
+    static Block Mix(Block old, Colors colors, const Weights<Halves, kOfColors>& weights) {
+        return MixTowards(weights, old, colors, [old](Block from, Block to, Halves weight) {
+            const Halves first = L::AsHalves(from);
+            const Halves last = L::AsHalves(to);
+            const Halves upper = ((last >> 8) - (first >> 8)) * weight;
+            const Halves both = (last - first) * weight >> 8;
+            return L::AddBelowTop(old, from, L::AsWords(L::SubtractLower(both, upper)));
+        });
     }
 
     /// Opaque colours, as blending stores them: over the old alpha bytes.

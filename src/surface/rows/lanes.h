@@ -202,11 +202,12 @@ struct BasicLanes {
         return AsHalves(tops | tops >> 16);
     }
 
-    /// Words of the lower bytes of `redBlue`, the upper byte of a sum of lower halves, and the top
-    /// byte of old words.
-    static U32 JoinChannels(U16 redBlue, U16 green1, U16 green2, U32 old) {
-        return (AsWords(redBlue) & 0x00FF00FFU) | (AsWords(green1 + green2) & 0x0000FF00U) |
-               (old & 0xFF000000U);
+    /// The lower bytes of a - b, the upper bytes of b.
+    static U16 SubtractLower(U16 a, U16 b) { return ((a - b) & 0x00FF) | (b & 0xFF00); }
+
+    /// The bytes of a + b, but the top one of each word, which is old's.
+    static U32 AddBelowTop(U32 old, U32 a, U32 b) {
+        return (AsWords(AsBytes(a) + AsBytes(b)) & 0x00FFFFFFU) | (old & 0xFF000000U);
     }
 
     template <class Vector>

@@ -74,10 +74,12 @@ struct Avx2Lanes : BasicLanes<Register> {
     static U16 TopBytes(U32 words) {
         return AsHalves(Shuffle(AsRaw(words), WordIndices() * 0x04000400U + 0x03800380U));
     }
-    static U32 JoinChannels(U16 redBlue, U16 green1, U16 green2, U32 old) {
-        const __m256i alphaGreen = _mm256_blend_epi16(AsRaw(green1 + green2), AsRaw(old), 0xAA);
-        return AsWords(
-            _mm256_blendv_epi8(AsRaw(redBlue), alphaGreen, AsRaw(Base::SplatWord(0xFF00FF00U))));
+    static U16 SubtractLower(U16 a, U16 b) {
+        return AsHalves(_mm256_blendv_epi8(AsRaw(a - b), AsRaw(b), AsRaw(Base::SplatHalf(0xFF00))));
+    }
+    static U32 AddBelowTop(U32 old, U32 a, U32 b) {
+        const __m256i sums = _mm256_add_epi8(AsRaw(a), AsRaw(b));
+        return AsWords(_mm256_blendv_epi8(sums, AsRaw(old), AsRaw(Base::SplatWord(0xFF000000U))));
     }
 
     /// The high 16 bits of each product.

@@ -108,17 +108,15 @@ struct MaskedRegister256 {
     }
 };
 
-/// For ternary logic: where the third operand is set the second one, elsewhere the first, which
-/// gives its register to the result.
-inline constexpr int kChoose = 0xD8;
-
-/// The lower half of each word, as a mask of bits that the compiler does not see through: clang
-/// would make moves under masks of it, and load the masks anew for each.
-inline __mmask32 LowHalves() {
-    __mmask32 mask = 0x55555555;
+/// Bytes of each word, one of four bits a byte, as a mask that the compiler does not see through:
+/// clang would make moves under masks of it, and load the masks anew for each.
+inline __mmask64 BytesOfWords(std::uint64_t bits) {
+    __mmask64 mask = bits * 0x1111111111111111U;
     __asm__("" : "+Yk"(mask));
     return mask;
 }
+inline constexpr std::uint64_t kLowerBytes = 0x5;
+inline constexpr std::uint64_t kBelowTop = 0x7;
 
 struct MaskedLanes256 : Avx2Lanes<MaskedRegister256> {
     static U16 LoadBytesAsHalves(const std::uint8_t* p, All) {
@@ -143,11 +141,13 @@ struct MaskedLanes256 : Avx2Lanes<MaskedRegister256> {
     }
     static U16 PackHigh(U32 a, U32 b) { return PackLow(a >> 16, b >> 16); }
 
-    static U32 JoinChannels(U16 redBlue, U16 green1, U16 green2, U32 old) {
-        const __m256i alphaGreen = _mm256_mask_add_epi16(
-            AsRaw(old), static_cast<__mmask16>(LowHalves()), AsRaw(green1), AsRaw(green2));
-        return AsWords(_mm256_ternarylogic_epi32(AsRaw(redBlue), alphaGreen,
-                                                 AsRaw(SplatWord(0xFF00FF00U)), kChoose));
+    static U16 SubtractLower(U16 a, U16 b) {
+        const auto mask = static_cast<__mmask32>(BytesOfWords(kLowerBytes));
+        return AsHalves(_mm256_mask_sub_epi8(AsRaw(b), mask, AsRaw(a), AsRaw(b)));
+    }
+    static U32 AddBelowTop(U32 old, U32 a, U32 b) {
+        const auto mask = static_cast<__mmask32>(BytesOfWords(kBelowTop));
+        return AsWords(_mm256_mask_add_epi8(AsRaw(old), mask, AsRaw(a), AsRaw(b)));
     }
 };
 
@@ -170,11 +170,13 @@ struct Lanes512 : BasicLanes<Register512> {
     static U16 TopBytes(U32 words) {
         return AsHalves(Shuffle(AsRaw(words), WordIndices() * 0x04000400U + 0x03800380U));
     }
-    static U32 JoinChannels(U16 redBlue, U16 green1, U16 green2, U32 old) {
-        const __m512i alphaGreen =
-            _mm512_mask_add_epi16(AsRaw(old), LowHalves(), AsRaw(green1), AsRaw(green2));
-        return AsWords(_mm512_ternarylogic_epi32(AsRaw(redBlue), alphaGreen,
-                                                 AsRaw(SplatWord(0xFF00FF00U)), kChoose));
+    static U16 SubtractLower(U16 a, U16 b) {
+        return AsHalves(
+            _mm512_mask_sub_epi8(AsRaw(b), BytesOfWords(kLowerBytes), AsRaw(a), AsRaw(b)));
+    }
+    static U32 AddBelowTop(U32 old, U32 a, U32 b) {
+        return AsWords(
+            _mm512_mask_add_epi8(AsRaw(old), BytesOfWords(kBelowTop), AsRaw(a), AsRaw(b)));
     }
     static void StoreHalvesAsBytes(std::uint8_t* p, U16 v, All) {
         MaskedRegister256::Store(p, _mm512_cvtepi16_epi8(AsRaw(v)));

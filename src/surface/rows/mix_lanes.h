@@ -25,31 +25,44 @@ inline U16 MixHalves(U16 old, U16 fresh, U16 weights) {
     return (old - fresh) * weights + (fresh << 8);
 }
 
-/// How many 256ths of a mixed channel are the old pixel's, and how many the colour's.
-template <class U16>
+/// How many 256ths of a mixed channel are the old pixel's, and how many the colour's: one of the
+/// two comes first, the other is what is left.
+template <class U16, bool kAreOfColors>
 struct Weights {
-    U16 old, color;
+    U16 first;
+    U16 Old() const { return kAreOfColors ? 256 - first : first; }
+    U16 Color() const { return kAreOfColors ? first : 256 - first; }
 };
+template <class U16>
+using OldWeights = Weights<U16, false>;
+template <class U16>
+using ColorWeights = Weights<U16, true>;
+
+/// Mixes by mix(from, to, weights), which starts from one of the two and goes by weights / 256
+/// towards the other: the one whose weights come first.
+template <class U16, bool kAreOfColors, class Pixels, class Mix>
+inline Pixels MixTowards(const Weights<U16, kAreOfColors>& weights, Pixels old, Pixels colors,
+                         Mix mix) {
+    return kAreOfColors ? mix(old, colors, weights.first) : mix(colors, old, weights.first);
+}
 
 /// Under alphas that stand in the upper bytes of halves, with nothing below; see OldWeight.
 /// 256 a * 258 is 65536 a + 512 a, so its high half is a, plus 1 from 128 on.
 template <class L>
-inline Weights<typename L::U16> WeightsUnder(typename L::U16 alphas) {
-    typename L::U16 old = (alphas >> 8) + (alphas >> 15);
-    if constexpr (L::kHasMulHigh) old = L::MulHigh(alphas, L::SplatHalf(258));
-    return {old, 256 - old};
+inline OldWeights<typename L::U16> WeightsUnder(typename L::U16 alphas) {
+    if constexpr (L::kHasMulHigh) return {L::MulHigh(alphas, L::SplatHalf(258))};
+    return {(alphas >> 8) + (alphas >> 15)};
 }
 
 /// Of colours whose opaque share, 255 less the alpha, is 0..255.
 template <class U16>
-inline Weights<U16> WeightsOfShares(U16 shares) {
-    const U16 color = shares + (shares >> 7);
-    return {256 - color, color};
+inline ColorWeights<U16> WeightsOfShares(U16 shares) {
+    return {shares + (shares >> 7)};
 }
 
 /// The same as WeightsUnder where the opaque share is scaled by k <= 256, see scaleAlpha.
 template <class L>
-inline Weights<typename L::U16> ScaledWeights(typename L::U16 alphas, std::uint32_t k) {
+inline ColorWeights<typename L::U16> ScaledWeights(typename L::U16 alphas, std::uint32_t k) {
     const typename L::U16 shares = alphas ^ 0xFF00;  // in the upper bytes
     const auto factor = L::SplatHalf(k);
     if constexpr (L::kHasMulHigh) return WeightsOfShares(L::MulHigh(shares, factor));
@@ -59,7 +72,7 @@ inline Weights<typename L::U16> ScaledWeights(typename L::U16 alphas, std::uint3
 /// The same for a colour of an alpha through masks, see MaskedAlpha. x / 255, rounded, is
 /// (x + 128 + (x + 128 >> 8)) >> 8 for x up to 65,025.
 template <class L>
-inline Weights<typename L::U16> MaskedWeights(typename L::U16 masks, std::uint32_t alpha) {
+inline ColorWeights<typename L::U16> MaskedWeights(typename L::U16 masks, std::uint32_t alpha) {
     const typename L::U16 shares = (masks ^ 0xFF00) >> 8;
     const typename L::U16 biased = shares * L::SplatHalf(255 - alpha) + 128;
     return WeightsOfShares<typename L::U16>((biased + (biased >> 8)) >> 8);

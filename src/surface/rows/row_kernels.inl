@@ -75,8 +75,8 @@ struct BlockKernels {
     }
 
     /// Rows that look like a sprite's are asked block by block whether all of it is invisible, or
-    /// opaque: in 32 bits they take a fifth less. Others would lose by it, and so would blocks of
-    /// 16 pixels, too many of which hold a rim.
+    /// opaque: in 32 bits they take an eighth less, with AVX2 a quarter. Others would lose by it,
+    /// and so would blocks of 16 pixels, too many of which hold a rim.
     static unsigned BlendWords(PixelRows to, PixelRows from, unsigned w, unsigned h) {
         constexpr bool areBlocksSmall = FormatLanes<Narrow>::kPixels < 16;
         if (!areBlocksSmall || w < 4 * F::kPixels) return BlendBlocks(to, from, w, h);
@@ -196,8 +196,8 @@ unsigned BlendGreyMask(PixelRows to, PixelRows mask, unsigned w, unsigned h, Wor
             to, mask, w, h, [&](const Byte* p, const Byte* m, auto count) {
                 const Halves olds = L::AsHalves(Pixels::Load(p, count));
                 const Halves masks = L::AsHalves(Pixels::Load(m, count));
-                const Halves even = MixHalves(olds & 0x00FF, grey, weigh(masks << 8).old) >> 8;
-                const Halves odd = MixHalves(olds >> 8, grey, weigh(masks & 0xFF00).old) & 0xFF00;
+                const Halves even = MixHalves(olds & 0x00FF, grey, weigh(masks << 8).Old()) >> 8;
+                const Halves odd = MixHalves(olds >> 8, grey, weigh(masks & 0xFF00).Old()) & 0xFF00;
                 return L::AsRaw(even | odd);
             });
     };
