@@ -18,13 +18,18 @@ namespace {
 struct LineColor {
     std::uint32_t rgb;
     std::uint32_t weight;
+    std::uint32_t whole;  // 255 times the weight: one product gives both shares
 
     explicit LineColor(std::uint32_t color)
-        : rgb(color & 0x00FFFFFF), weight(256 - gfx::OldWeight(gfx::AlphaOf(color))) {}
+        : rgb(color & 0x00FFFFFF),
+          weight(256 - gfx::OldWeight(gfx::AlphaOf(color))),
+          whole(255 * weight) {}
 
     // The colour's shares in the two pixels, of 255, at a fraction of 0..255. The weight scales
     // both, so that an invisible colour leaves both pixels alone.
-    std::uint32_t NearShare(std::uint32_t fraction) const { return (255 - fraction) * weight >> 8; }
+    std::uint32_t NearShare(std::uint32_t fraction) const {
+        return (whole - fraction * weight) >> 8;
+    }
     std::uint32_t FarShare(std::uint32_t fraction) const { return fraction * weight >> 8; }
 
     /// The colour with a share as its alpha.

@@ -29,10 +29,11 @@ inline constexpr std::array<std::uint64_t, 256> kLaneWeights = [] {
     return weights;
 }();
 
-/// Two 64-bit halves as lanes.
+/// The lanes of one pixel, then of another, in 64 bits each.
+typedef std::uint64_t LinePairs __attribute__((vector_size(16)));
+
 inline LineLanes LanesOf(std::uint64_t first, std::uint64_t second) {
-    typedef std::uint64_t Halves __attribute__((vector_size(16)));
-    return BaselineLanes::AsHalves(Halves{first, second});
+    return BaselineLanes::AsHalves(LinePairs{first, second});
 }
 
 inline LineLanes WeightsOf(std::uint32_t firstShare, std::uint32_t secondShare) {
@@ -68,6 +69,9 @@ struct PixelLanes<Color32> {
     explicit PixelLanes(LineLanes sums) : pixels_(L::AsWords(L::NarrowHalves(sums >> 8))) {}
     std::uint32_t First() const { return pixels_[0]; }
     std::uint32_t Second() const { return pixels_[1]; }
+    void StoreNeighbours(std::uint8_t* p) const {
+        StoreAs<std::uint64_t>(p, reinterpret_cast<LinePairs>(pixels_)[0]);
+    }
 
 private:
     L::U32 pixels_;
@@ -90,10 +94,15 @@ struct PixelLanes<Rgb565> {
     explicit PixelLanes(LineLanes sums) {
         const LineLanes cut = L::MulHigh(sums, ChannelLanes(32, 64, 32));
         const L::U32 parts = L::MulAddPairs(cut, ChannelLanes(1, 32, 2048));
-        pixels_ = L::AsHalves(parts + __builtin_shufflevector(parts, parts, 1, 0, 3, 2));
+        pixels_ = parts + __builtin_shufflevector(parts, parts, 1, 0, 3, 2);
     }
     std::uint32_t First() const { return pixels_[0]; }
-    std::uint32_t Second() const { return pixels_[4]; }
+    std::uint32_t Second() const { return pixels_[2]; }
+    void StoreNeighbours(std::uint8_t* p) const {
+        const LineLanes pixels = L::AsHalves(__builtin_shufflevector(pixels_, pixels_, 0, 2, 0, 2));
+        StoreAs<std::uint32_t>(
+            p, L::AsWords(__builtin_shufflevector(pixels, pixels, 0, 2, 0, 2, 4, 5, 6, 7))[0]);
+    }
 
 private:
     static LineLanes OfBoth(std::uint32_t both) {
@@ -103,7 +112,7 @@ private:
         return L::MulHigh(aligned, ChannelLanes(264, 8320, 264));
     }
 
-    LineLanes pixels_;
+    L::U32 pixels_;  // a pixel in two words
 };
 
 /// Blends one colour of one alpha, neither 0 nor 255, into single pixels.
@@ -148,22 +157,21 @@ public:
     void operator()(std::uint8_t* first, std::uint32_t firstShare, std::uint8_t* second,
                     std::uint32_t secondShare) const {
         const LineLanes old = Lanes::Of(LoadPixel<Format>(first, 0), LoadPixel<Format>(second, 0));
-        Store(first, second, old, WeightsOf(firstShare, secondShare));
+        const Lanes mixed = Mix(old, firstShare, secondShare);
+        StorePixel<Format>(first, 0, mixed.First());
+        StorePixel<Format>(second, 0, mixed.Second());
     }
 
     /// A pixel and the next one in its row.
     void Neighbours(std::uint8_t* p, std::uint32_t firstShare, std::uint32_t secondShare) const {
-        Store(p, p + sizeof(typename Format::Unit), Lanes::OfNeighbours(p),
-              WeightsOf(firstShare, secondShare));
+        Mix(Lanes::OfNeighbours(p), firstShare, secondShare).StoreNeighbours(p);
     }
 
 private:
     using Lanes = PixelLanes<Format>;
 
-    void Store(std::uint8_t* first, std::uint8_t* second, LineLanes old, LineLanes weights) const {
-        const Lanes mixed(MixHalves(old, color_, weights));
-        StorePixel<Format>(first, 0, mixed.First());
-        StorePixel<Format>(second, 0, mixed.Second());
+    Lanes Mix(LineLanes old, std::uint32_t firstShare, std::uint32_t secondShare) const {
+        return Lanes(MixHalves(old, color_, WeightsOf(firstShare, secondShare)));
     }
 
     LineLanes color_;
