@@ -35,8 +35,10 @@ struct HalfLanes {
 
     static Alphas AlphasOf(const Words& words) { return words.High() & 0xFF00; }
     static Block Matches(const Words& words, std::uint32_t key) {
-        return words.Map(
-            [key]<class M>(M, typename M::U32 w) { return M::AsWords(w == M::SplatWord(key)); });
+        const auto match = [key]<class M>(M, typename M::U32 w) {
+            return M::AsWords(w == M::SplatWord(key));
+        };
+        return words.Map(match).Low();
     }
 };
 
@@ -57,7 +59,7 @@ struct Grey8Lanes : HalfLanes<L> {
     }
     static Colors SplatColor(std::uint32_t color) { return L::SplatHalf(RgbToGrey(color)); }
     static Block FromWords(const Words& words) {
-        return words.Map([]<class M>(M, typename M::U32 w) { return GreysOfWords<M>(w); });
+        return words.Map([]<class M>(M, typename M::U32 w) { return GreysOfWords<M>(w); }).High();
     }
     static Colors ColorsOf(const Words& words) { return FromWords(words); }
     static Block PutOpaque(const std::uint8_t*, const Words& words) { return FromWords(words); }
@@ -112,7 +114,7 @@ struct Rgb565Lanes : HalfLanes<L> {
         L::StoreHalves(p, pixels, count);
     }
     static Block FromWords(const Words& words) {
-        return words.Map([]<class M>(M, typename M::U32 w) { return Pixels16OfWords<M>(w); });
+        return words.Map([]<class M>(M, typename M::U32 w) { return Pixels16OfWords<M>(w); }).Low();
     }
     static Colors ColorsOf(const Words& words) {
         const Block low = words.Low();

@@ -260,8 +260,8 @@ struct WordPair<MaskedLanes256> {
     MaskedLanes256::U16 Low() const { return Pack(words); }
     MaskedLanes256::U16 High() const { return Pack(words >> 16); }
     template <class Rule>
-    MaskedLanes256::U16 Map(Rule rule) const {
-        return Pack(rule(Lanes512{}, words));
+    WordPair Map(Rule rule) const {
+        return {rule(Lanes512{}, words)};
     }
 
     static WordPair Interleave(MaskedLanes256::U16 low, MaskedLanes256::U16 high) {

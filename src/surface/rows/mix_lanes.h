@@ -78,16 +78,17 @@ inline ColorWeights<typename L::U16> MaskedWeights(typename L::U16 masks, std::u
     return WeightsOfShares<typename L::U16>((biased + (biased >> 8)) >> 8);
 }
 
-/// Grey levels of colour words. The sum of a word's pair (blue, red + 2 green) times (103, 307).
+/// Grey levels of colour words, in the upper halves. The sum of a word's pair (blue, red + 2 green)
+/// times (103, 307) is 1024 times the grey; 64 times as much moves it up.
 template <class L>
 inline typename L::U32 GreysOfWords(typename L::U32 words) {
     const typename L::U32 pairs = (words & 0x00FF00FFU) + ((words << 9) & 0x01FE0000U);
-    const auto factors = L::AsHalves(L::SplatWord(307U << 16 | 103U));
-    return L::MulAddPairs(L::AsHalves(pairs), factors) >> 10;
+    const auto factors = L::AsHalves(L::SplatWord(64 * 307U << 16 | 64 * 103U));
+    return L::MulAddPairs(L::AsHalves(pairs), factors);
 }
 
-/// 5-6-5 pixels of colour words. The sum of a word's pair (blue, red), cut to 5 bits, times
-/// (4, 8192) puts them around green's place; then all move down by 5.
+/// 5-6-5 pixels of colour words, in the lower halves. The sum of a word's pair (blue, red), cut to
+/// 5 bits, times (4, 8192) puts them around green's place; then all move down by 5.
 template <class L>
 inline typename L::U32 Pixels16OfWords(typename L::U32 words) {
     const auto factors = L::AsHalves(L::SplatWord(8192U << 16 | 4U));
@@ -124,10 +125,10 @@ struct WordPair {
     typename L::U16 Low() const { return L::PackLow(first, second); }
     typename L::U16 High() const { return L::PackHigh(first, second); }
 
-    /// The low halves of rule(lanes, words), a rule for registers of any width.
+    /// rule(lanes, words), a rule for registers of any width.
     template <class Rule>
-    typename L::U16 Map(Rule rule) const {
-        return L::PackLow(rule(L{}, first), rule(L{}, second));
+    WordPair Map(Rule rule) const {
+        return {rule(L{}, first), rule(L{}, second)};
     }
 
     /// Words of pairs of halves.
