@@ -108,11 +108,13 @@ struct MaskedRegister256 {
     }
 };
 
-/// Bytes of each word, one of four bits a byte, as a mask that the compiler does not see through:
-/// clang would make moves under masks of it, and load the masks anew for each.
+/// Bytes of each word, one of four bits a byte, as a mask. Clang must not see through it: it would
+/// make moves under masks of it, and load the masks anew for each.
 inline __mmask64 BytesOfWords(std::uint64_t bits) {
     __mmask64 mask = bits * 0x1111111111111111U;
+#if defined(__clang__)
     __asm__("" : "+Yk"(mask));
+#endif
     return mask;
 }
 inline constexpr std::uint64_t kLowerBytes = 0x5;
