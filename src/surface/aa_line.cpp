@@ -18,7 +18,7 @@ namespace {
 struct LineColor {
     std::uint32_t rgb;
     std::uint32_t weight;
-    std::uint32_t whole;  // 255 times the weight: one product gives both shares
+    std::uint32_t whole;  // 255 times the weight: both shares come from one product
 
     explicit LineColor(std::uint32_t color)
         : rgb(color & 0x00FFFFFF),

@@ -64,11 +64,12 @@ struct Grey8Lanes : HalfLanes<L> {
     static Colors ColorsOf(const Words& words) { return FromWords(words); }
     static Block PutOpaque(const std::uint8_t*, const Words& words) { return FromWords(words); }
 
-    template <bool kOfColors>
-    static Block Mix(Block old, Colors colors, const Weights<Block, kOfColors>& weights) {
+    template <bool kAreOfColors>
+    static Block Mix(Block old, Colors colors, const Weights<Block, kAreOfColors>& weights) {
         return MixTowards(weights, old, colors, [](Block from, Block to, Block weight) {
-            const Block rise = (to - from) * weight >> 8;
-            return L::AsHalves(L::AsBytes(from) + L::AsBytes(rise));
+            // Modulo 256: as halves the sum would carry.
+            const Block change = (to - from) * weight >> 8;
+            return L::AsHalves(L::AsBytes(from) + L::AsBytes(change));
         });
     }
 
@@ -131,8 +132,8 @@ struct Rgb565Lanes : HalfLanes<L> {
                 L::MulHigh(pixels & 0x07E0, L::SplatHalf(8320)),
                 L::MulHigh(pixels << 11, L::SplatHalf(264))};
     }
-    template <bool kOfColors>
-    static Block Mix(Block old, const Colors& colors, const Weights<Block, kOfColors>& weights) {
+    template <bool kAreOfColors>
+    static Block Mix(Block old, const Colors& colors, const Weights<Block, kAreOfColors>& weights) {
         const Colors wide = ChannelsOf(old);
         const Block oldWeight = weights.Old();
         const Block colorWeight = weights.Color();
@@ -222,8 +223,9 @@ struct Rgb565Lanes : HalfLanes<L> {
         return {{colors.red << 8, colors.green << 8, colors.blue << 8},
                 Channels<Difference>(Difference{colors})};
     }
-    template <bool kOfColors>
-    static Block Mix(Block old, const OneColor& color, const Weights<Block, kOfColors>& weights) {
+    template <bool kAreOfColors>
+    static Block Mix(Block old, const OneColor& color,
+                     const Weights<Block, kAreOfColors>& weights) {
         const Colors differences = color.differences.Of(old);
         const Block weight = weights.Old();
         return Pack({differences.red * weight + color.colors256.red,
@@ -280,18 +282,19 @@ struct Color32Lanes {
     static Block FromWords(const Words& words) { return words.words; }
     static Colors ColorsOf(const Words& words) { return words.words; }
 
-    /// A channel goes by its difference times the weight / 256, rounded down, towards the other; as
-    /// bytes, which wrap. For the upper one of a half that is the upper byte of a product. For the
-    /// lower one whole halves are subtracted: their product / 256 is its own plus the upper one's
-    /// whole product. With AVX-512 blending words takes a third less than by channels cut out.
-    template <bool kOfColors>
-    static Block Mix(Block old, Colors colors, const Weights<Halves, kOfColors>& weights) {
+    /// A half holds an upper channel u and a lower one l, which go by their differences du and dl
+    /// times the weight w / 256 towards the other pixel's, as bytes, modulo 256. The upper change
+    /// is the upper byte of du w. For the lower one whole halves are subtracted: their product is
+    /// 256 du w + dl w, so its upper byte less du w is the upper byte of dl w. With AVX-512
+    /// blending words takes a third less than with each channel cut out first.
+    template <bool kAreOfColors>
+    static Block Mix(Block old, Colors colors, const Weights<Halves, kAreOfColors>& weights) {
         return MixTowards(weights, old, colors, [old](Block from, Block to, Halves weight) {
-            const Halves first = L::AsHalves(from);
-            const Halves last = L::AsHalves(to);
-            const Halves upper = ((last >> 8) - (first >> 8)) * weight;
-            const Halves both = (last - first) * weight >> 8;
-            return L::AddBelowTop(old, from, L::AsWords(L::SubtractLower(both, upper)));
+            const Halves fromHalves = L::AsHalves(from);
+            const Halves toHalves = L::AsHalves(to);
+            const Halves upper = ((toHalves >> 8) - (fromHalves >> 8)) * weight;
+            const Halves both = (toHalves - fromHalves) * weight >> 8;
+            return L::AddBelowTop(old, from, L::AsWords(L::WithLowerDifference(upper, both)));
         });
     }
 

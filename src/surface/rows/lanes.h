@@ -118,6 +118,7 @@ struct BasicLanes {
     typedef std::uint8_t U8 __attribute__((vector_size(kBytes)));
     typedef std::uint16_t U16 __attribute__((vector_size(kBytes)));
     typedef std::uint32_t U32 __attribute__((vector_size(kBytes)));
+    typedef std::uint64_t U64 __attribute__((vector_size(kBytes)));
     using Raw = typename Register::Raw;
 
     static U16 SplatHalf(std::uint32_t value) { return U16{} + static_cast<std::uint16_t>(value); }
@@ -202,8 +203,8 @@ struct BasicLanes {
         return AsHalves(tops | tops >> 16);
     }
 
-    /// The lower bytes of a - b, the upper bytes of b.
-    static U16 SubtractLower(U16 a, U16 b) { return ((a - b) & 0x00FF) | (b & 0xFF00); }
+    /// Of each half the upper byte of v, and the lower one of `of` less that of v.
+    static U16 WithLowerDifference(U16 v, U16 of) { return (v & 0xFF00) | ((of - v) & 0x00FF); }
 
     /// The bytes of a + b, but the top one of each word, which is old's.
     static U32 AddBelowTop(U32 old, U32 a, U32 b) {

@@ -74,8 +74,9 @@ struct Avx2Lanes : BasicLanes<Register> {
     static U16 TopBytes(U32 words) {
         return AsHalves(Shuffle(AsRaw(words), WordIndices() * 0x04000400U + 0x03800380U));
     }
-    static U16 SubtractLower(U16 a, U16 b) {
-        return AsHalves(_mm256_blendv_epi8(AsRaw(a - b), AsRaw(b), AsRaw(Base::SplatHalf(0xFF00))));
+    static U16 WithLowerDifference(U16 v, U16 of) {
+        return AsHalves(
+            _mm256_blendv_epi8(AsRaw(of - v), AsRaw(v), AsRaw(Base::SplatHalf(0xFF00))));
     }
     static U32 AddBelowTop(U32 old, U32 a, U32 b) {
         const __m256i sums = _mm256_add_epi8(AsRaw(a), AsRaw(b));

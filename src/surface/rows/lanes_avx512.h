@@ -108,8 +108,8 @@ struct MaskedRegister256 {
     }
 };
 
-/// Bytes of each word, one of four bits a byte, as a mask. Clang must not see through it: it would
-/// make moves under masks of it, and load the masks anew for each.
+/// A mask of bytes that repeats four bits, one for each byte of a word. Hidden from clang, which
+/// would turn operations under masks into moves under masks, and load the mask anew for each.
 inline __mmask64 BytesOfWords(std::uint64_t bits) {
     __mmask64 mask = bits * 0x1111111111111111U;
 #if defined(__clang__)
@@ -117,7 +117,7 @@ inline __mmask64 BytesOfWords(std::uint64_t bits) {
 #endif
     return mask;
 }
-inline constexpr std::uint64_t kLowerBytes = 0x5;
+inline constexpr std::uint64_t kLowerOfHalves = 0x5;
 inline constexpr std::uint64_t kBelowTop = 0x7;
 
 struct MaskedLanes256 : Avx2Lanes<MaskedRegister256> {
@@ -143,9 +143,9 @@ struct MaskedLanes256 : Avx2Lanes<MaskedRegister256> {
     }
     static U16 PackHigh(U32 a, U32 b) { return PackLow(a >> 16, b >> 16); }
 
-    static U16 SubtractLower(U16 a, U16 b) {
-        const auto mask = static_cast<__mmask32>(BytesOfWords(kLowerBytes));
-        return AsHalves(_mm256_mask_sub_epi8(AsRaw(b), mask, AsRaw(a), AsRaw(b)));
+    static U16 WithLowerDifference(U16 v, U16 of) {
+        const auto mask = static_cast<__mmask32>(BytesOfWords(kLowerOfHalves));
+        return AsHalves(_mm256_mask_sub_epi8(AsRaw(v), mask, AsRaw(of), AsRaw(v)));
     }
     static U32 AddBelowTop(U32 old, U32 a, U32 b) {
         const auto mask = static_cast<__mmask32>(BytesOfWords(kBelowTop));
@@ -172,9 +172,9 @@ struct Lanes512 : BasicLanes<Register512> {
     static U16 TopBytes(U32 words) {
         return AsHalves(Shuffle(AsRaw(words), WordIndices() * 0x04000400U + 0x03800380U));
     }
-    static U16 SubtractLower(U16 a, U16 b) {
+    static U16 WithLowerDifference(U16 v, U16 of) {
         return AsHalves(
-            _mm512_mask_sub_epi8(AsRaw(b), BytesOfWords(kLowerBytes), AsRaw(a), AsRaw(b)));
+            _mm512_mask_sub_epi8(AsRaw(v), BytesOfWords(kLowerOfHalves), AsRaw(of), AsRaw(v)));
     }
     static U32 AddBelowTop(U32 old, U32 a, U32 b) {
         return AsWords(

@@ -1,6 +1,8 @@
 // The pixel rules of pixel_format.h for vectors, `L` being one set of vector wrappers.
-// All sums are formed in 16-bit lanes: (old - new) * weight + (new << 8) is exact there modulo
-// 2^16, because the true value old * weight + new * (256 - weight) lies in 0..65,280.
+// Products are formed in 16-bit lanes, modulo 2^16. Either 256 times a mixed channel is summed
+// there: (to - from) * weight + (from << 8) is exact, because the true value to * weight + from *
+// (256 - weight) lies in 0..65,280. Or (to - from) * weight >> 8 is added to `from` as bytes, which
+// is exact modulo 256.
 // Unnamed namespace: see pixel_format.h.
 #ifndef GFX_SURFACE_ROWS_MIX_LANES_H
 #define GFX_SURFACE_ROWS_MIX_LANES_H
@@ -19,19 +21,19 @@ inline Block KeepWhere(Block mask, Block old, Block fresh) {
     return (old & mask) | (fresh & ~mask);
 }
 
-/// 256 times the mixed channel; its high byte is the channel.
+/// 256 times the channel that lies weights / 256 of the way between two; the high byte is it.
 template <class U16>
-inline U16 MixHalves(U16 old, U16 fresh, U16 weights) {
-    return (old - fresh) * weights + (fresh << 8);
+inline U16 MixHalves(U16 from, U16 to, U16 weights) {
+    return (to - from) * weights + (from << 8);
 }
 
-/// How many 256ths of a mixed channel are the old pixel's, and how many the colour's: one of the
-/// two comes first, the other is what is left.
+/// How many 256ths of a mixed channel are the old pixel's, and how many the colour's. A rule gives
+/// one of the two, and what can start from either pixel need not compute the other.
 template <class U16, bool kAreOfColors>
 struct Weights {
-    U16 first;
-    U16 Old() const { return kAreOfColors ? 256 - first : first; }
-    U16 Color() const { return kAreOfColors ? first : 256 - first; }
+    U16 given;
+    U16 Old() const { return kAreOfColors ? 256 - given : given; }
+    U16 Color() const { return kAreOfColors ? given : 256 - given; }
 };
 template <class U16>
 using OldWeights = Weights<U16, false>;
@@ -39,19 +41,22 @@ template <class U16>
 using ColorWeights = Weights<U16, true>;
 
 /// Mixes by mix(from, to, weights), which starts from one of the two and goes by weights / 256
-/// towards the other: the one whose weights come first.
+/// towards the other: the one whose weights are given.
 template <class U16, bool kAreOfColors, class Pixels, class Mix>
 inline Pixels MixTowards(const Weights<U16, kAreOfColors>& weights, Pixels old, Pixels colors,
                          Mix mix) {
-    return kAreOfColors ? mix(old, colors, weights.first) : mix(colors, old, weights.first);
+    return kAreOfColors ? mix(old, colors, weights.given) : mix(colors, old, weights.given);
 }
 
 /// Under alphas that stand in the upper bytes of halves, with nothing below; see OldWeight.
 /// 256 a * 258 is 65536 a + 512 a, so its high half is a, plus 1 from 128 on.
 template <class L>
 inline OldWeights<typename L::U16> WeightsUnder(typename L::U16 alphas) {
-    if constexpr (L::kHasMulHigh) return {L::MulHigh(alphas, L::SplatHalf(258))};
-    return {(alphas >> 8) + (alphas >> 15)};
+    if constexpr (L::kHasMulHigh) {
+        return {L::MulHigh(alphas, L::SplatHalf(258))};
+    } else {
+        return {(alphas >> 8) + (alphas >> 15)};
+    }
 }
 
 /// Of colours whose opaque share, 255 less the alpha, is 0..255.
@@ -60,16 +65,19 @@ inline ColorWeights<U16> WeightsOfShares(U16 shares) {
     return {shares + (shares >> 7)};
 }
 
-/// The same as WeightsUnder where the opaque share is scaled by k <= 256, see scaleAlpha.
+/// The colours' weights where the opaque share is scaled by k <= 256, see scaleAlpha.
 template <class L>
 inline ColorWeights<typename L::U16> ScaledWeights(typename L::U16 alphas, std::uint32_t k) {
     const typename L::U16 shares = alphas ^ 0xFF00;  // in the upper bytes
     const auto factor = L::SplatHalf(k);
-    if constexpr (L::kHasMulHigh) return WeightsOfShares(L::MulHigh(shares, factor));
-    return WeightsOfShares<typename L::U16>((shares >> 8) * factor >> 8);
+    if constexpr (L::kHasMulHigh) {
+        return WeightsOfShares(L::MulHigh(shares, factor));
+    } else {
+        return WeightsOfShares<typename L::U16>((shares >> 8) * factor >> 8);
+    }
 }
 
-/// The same for a colour of an alpha through masks, see MaskedAlpha. x / 255, rounded, is
+/// The weights of a colour of an alpha through masks, see MaskedAlpha. x / 255, rounded, is
 /// (x + 128 + (x + 128 >> 8)) >> 8 for x up to 65,025.
 template <class L>
 inline ColorWeights<typename L::U16> MaskedWeights(typename L::U16 masks, std::uint32_t alpha) {
@@ -79,7 +87,8 @@ inline ColorWeights<typename L::U16> MaskedWeights(typename L::U16 masks, std::u
 }
 
 /// Grey levels of colour words, in the upper halves. The sum of a word's pair (blue, red + 2 green)
-/// times (103, 307) is 1024 times the grey; 64 times as much moves it up.
+/// times (103, 307), shifted down by 10, is the grey. 64 times as much has it in the upper half,
+/// its remainder below, and is as much as the signed halves of MulAddPairs hold.
 template <class L>
 inline typename L::U32 GreysOfWords(typename L::U32 words) {
     const typename L::U32 pairs = (words & 0x00FF00FFU) + ((words << 9) & 0x01FE0000U);

@@ -196,9 +196,11 @@ unsigned BlendGreyMask(PixelRows to, PixelRows mask, unsigned w, unsigned h, Wor
             to, mask, w, h, [&](const Byte* p, const Byte* m, auto count) {
                 const Halves olds = L::AsHalves(Pixels::Load(p, count));
                 const Halves masks = L::AsHalves(Pixels::Load(m, count));
-                const Halves even = MixHalves(olds & 0x00FF, grey, weigh(masks << 8).Old()) >> 8;
-                const Halves odd = MixHalves(olds >> 8, grey, weigh(masks & 0xFF00).Old()) & 0xFF00;
-                return L::AsRaw(even | odd);
+                const Halves even =
+                    MixTowards(weigh(masks << 8), olds & 0x00FF, grey, MixHalves<Halves>);
+                const Halves odd =
+                    MixTowards(weigh(masks & 0xFF00), olds >> 8, grey, MixHalves<Halves>);
+                return L::AsRaw(even >> 8 | (odd & 0xFF00));
             });
     };
     if (alpha == 0) return blend([](Halves masks) { return WeightsUnder<L>(masks); });
