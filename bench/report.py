@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Turns the benchmark's JSON into docs/benchmarks.md and docs/benchmarks.svg.
 
-Takes medians over the repetitions, finds the best peer of each row and the geometric means of each
-group, and says which aims are met. Uses the standard library alone.
+Takes the lower quartile of the repetitions, finds the best peer of each row and the geometric means
+of each group, and says which aims are met. Uses the standard library alone.
 """
 
 import argparse
@@ -68,6 +68,11 @@ def read_runs(path):
     return runs, growth, data["context"]
 
 
+def lower_quartile(times):
+    """Of repetitions: what else runs on the machine only adds time, sometimes to half of them."""
+    return sorted(times)[(len(times) - 1) // 4]
+
+
 def spread(runs):
     """The usual distance between the quartiles of one row's repetitions, relative to the median."""
     distances = []
@@ -79,12 +84,12 @@ def spread(runs):
 
 
 class Row:
-    """One row's medians and what follows from them; ratios are None where a side is missing."""
+    """One row's times and what follows from them; ratios are None where a side is missing."""
 
     def __init__(self, name, aim, runs):
         self.name, self.aim, self.group = name, aim, group_of(name)
         self.unit, self.scale = unit_of(name)
-        self.times = {library: statistics.median(times) for (row, library), times in runs.items()
+        self.times = {library: lower_quartile(times) for (row, library), times in runs.items()
                       if row == name}
         peers = {library: time for library, time in self.times.items()
                  if library not in OURS and library != "limit"}
@@ -190,7 +195,7 @@ def growth_tables(growth):
     for axis, (title, unit) in AXES.items():
         columns = growth.get(axis, {})
         counts = sorted({n for points in columns.values() for n in points})
-        lines = [[f"{n:,}"] + [number(statistics.median(points[n])) if n in points else "-"
+        lines = [[f"{n:,}"] + [number(lower_quartile(points[n])) if n in points else "-"
                                for _, points in sorted(columns.items())] for n in counts]
         if lines:
             header = ["n"] + [f"{column}, {unit}" for column in sorted(columns)]
@@ -253,9 +258,9 @@ Written by `script/bench`, which measures anew; do not edit.
 ![Time relative to the best peer](benchmarks.svg)
 
 Every library draws the same work into the same memory, in one process in random order, on one core.
-All pictures start at a cache line. Figures are medians of {repetitions} repetitions of the process's
-CPU time{noise}. Read ratios inside a row: absolute
-times belong to one machine. Before a run the mean colour after one pass is compared between all
+All pictures start at a cache line. Of {repetitions} repetitions the lower quartile of the process's
+CPU time counts{noise}: what else runs on the machine only adds time.
+Read ratios inside a row: absolute times belong to one machine. Before a run the mean colour after one pass is compared between all
 libraries (`script/bench --check`).
 
 - **gfx** is the shared library through its public headers, with the best kernels for this
