@@ -281,11 +281,14 @@ struct FormatTable {
     using W = BlockKernels<FormatLanes, Wide>;
     using N = BlockKernels<FormatLanes, Narrow>;
 
+    /// In 32 bits channels are neither widened nor packed.
+    static constexpr Load kBlendLoad = std::is_same_v<Format, Color32> ? Load::Medium : Load::Heavy;
+
     static constexpr auto kBlendMask8 = [] {
         if constexpr (std::is_same_v<Format, Grey8>) {
             return PickGreyMask;
         } else {
-            return PickPair<F, Load::Heavy, W::BlendMask8, N::BlendMask8, Word>;
+            return PickPair<F, kBlendLoad, W::BlendMask8, N::BlendMask8, Word>;
         }
     }();
 
@@ -293,15 +296,14 @@ struct FormatTable {
         .fill = PickUpdate<F, Fill<Format, Wide>, Fill<Format, Narrow>>,
         .blendColor = PickUpdate<F, BlendColor<FormatLanes, Wide>, BlendColor<FormatLanes, Narrow>>,
         .blendMask8 = kBlendMask8,
-        .blendMask32 = PickPair<F, Load::Heavy, W::BlendMask32, N::BlendMask32, Word>,
+        .blendMask32 = PickPair<F, kBlendLoad, W::BlendMask32, N::BlendMask32, Word>,
         .copy = Copy<Format, Narrow>,
         .copyKeyed = N::CopyKeyed,
         .toWords = PickPair<F, Load::Light, W::ToWords, N::ToWords, Word>,
         .fromWords = PickPair<F, Load::Light, W::FromWords, N::FromWords>,
         .fromWordsKeyed = PickPair<F, Load::Light, W::FromWordsKeyed, N::FromWordsKeyed, Word>,
-        .blendWords = PickPair<F, Load::Heavy, W::BlendWords, N::BlendWords>,
-        .blendWordsScaled =
-            PickPair<F, Load::Heavy, W::BlendWordsScaled, N::BlendWordsScaled, Word>,
+        .blendWords = PickPair<F, kBlendLoad, W::BlendWords, N::BlendWords>,
+        .blendWordsScaled = PickPair<F, kBlendLoad, W::BlendWordsScaled, N::BlendWordsScaled, Word>,
         .toDisplay555 = ToDisplay555<Format>,
     };
 };

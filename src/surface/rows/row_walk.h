@@ -29,8 +29,8 @@ inline std::uint8_t* RowOf(PixelRows rows, unsigned j) {
     return rows.lines[j] + BytesOf<Format>(rows.x);
 }
 
-/// How much a kernel spends on a pixel.
-enum class Load { Light, Heavy };
+/// How many instructions a kernel spends on a pixel.
+enum class Load { Light, Medium, Heavy };
 
 /// Calls row(j, blocks) for each row, up to the first for which it returns false. blocks(make,
 /// put, settle) covers the w pixels with blocks at i: put(i, make(i, count), count). The last one
