@@ -260,8 +260,8 @@ Written by `script/bench`, which measures anew; do not edit.
 Every library draws the same work into the same memory, in one process in random order, on one core.
 All pictures start at a cache line. Of {repetitions} repetitions the lower quartile of the process's
 CPU time counts{noise}: what else runs on the machine only adds time.
-Read ratios inside a row: absolute times belong to one machine. Before a run the mean colour after one pass is compared between all
-libraries (`script/bench --check`).
+Read ratios inside a row: absolute times belong to one machine. Before a run the mean colour after
+one pass is compared between all libraries (`script/bench --check`).
 
 - **gfx** is the shared library through its public headers, with the best kernels for this
   processor; **gfx-avx2** and **gfx-base** are its kernels for older ones.

@@ -75,7 +75,7 @@ struct BlockKernels {
     }
 
     /// Rows that look like a sprite's are asked block by block whether all of it is invisible, or
-    /// opaque: in 32 bits they take a fifth less, with AVX2 a quarter. Others would lose by it,
+    /// opaque: in 32 bits they take a fifth less, with AVX2 a third. Others would lose by it,
     /// and so would blocks of 16 pixels, too many of which hold a rim.
     static unsigned BlendWords(PixelRows to, PixelRows from, unsigned w, unsigned h) {
         constexpr bool areBlocksSmall = FormatLanes<Narrow>::kPixels < 16;

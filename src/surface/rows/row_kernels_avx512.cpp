@@ -10,7 +10,7 @@ using Narrow = MaskedLanes256;
 /// 512-bit moves under a mask, or across two cache lines, cost short rows more than the width
 /// gives. The more instructions a pixel takes, the fewer rows that is so for: all up to two narrow
 /// blocks; those of one, or of just two, which have no mask (squares of 16 pixels in 32 bits take
-/// 10 to 20 % less); those of one alone.
+/// 5 to 20 % less); those of one alone.
 inline bool IsNarrow(unsigned w, unsigned narrowPixels, Load load) {
     if (load == Load::Light) return w <= 2 * narrowPixels;
     return w <= narrowPixels || (load == Load::Medium && w == 2 * narrowPixels);
