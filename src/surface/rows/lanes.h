@@ -114,7 +114,7 @@ struct BasicLanes {
     static constexpr unsigned kHalves = kBytes / 2;
     static constexpr unsigned kWords = kBytes / 4;
     static constexpr bool kHasMasks = Register::kHasMasks;
-    static constexpr bool kHasMulHigh = Register::kHasMulHigh;
+    static constexpr bool kHasFastMulHigh = Register::kHasFastMulHigh;  // in one instruction
     typedef std::uint8_t U8 __attribute__((vector_size(kBytes)));
     typedef std::uint16_t U16 __attribute__((vector_size(kBytes)));
     typedef std::uint32_t U32 __attribute__((vector_size(kBytes)));

@@ -14,7 +14,7 @@ namespace {
 struct Register256 {
     static constexpr unsigned kBytes = 32;
     static constexpr bool kHasMasks = false;
-    static constexpr bool kHasMulHigh = true;
+    static constexpr bool kHasFastMulHigh = true;
     using Raw = __m256i;
 
     static __m256i Load(const std::uint8_t* p) {

@@ -18,7 +18,7 @@ namespace {
 struct Register512 {
     static constexpr unsigned kBytes = 64;
     static constexpr bool kHasMasks = true;
-    static constexpr bool kHasMulHigh = true;
+    static constexpr bool kHasFastMulHigh = true;
     using Raw = __m512i;
 
     /// Into a register: g++ would rather load again for each use, which doubles up where blocks
@@ -64,7 +64,7 @@ inline __m128i Load128(const std::uint8_t* p) {
 struct MaskedRegister256 {
     static constexpr unsigned kBytes = 32;
     static constexpr bool kHasMasks = true;
-    static constexpr bool kHasMulHigh = true;
+    static constexpr bool kHasFastMulHigh = true;
     using Raw = __m256i;
 
     static Raw Load(const std::uint8_t* p) {

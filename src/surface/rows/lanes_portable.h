@@ -13,7 +13,7 @@ typedef std::uint64_t TwoWords64 __attribute__((vector_size(16)));
 struct PortableRegister {
     static constexpr unsigned kBytes = 16;
     static constexpr bool kHasMasks = false;
-    static constexpr bool kHasMulHigh = false;
+    static constexpr bool kHasFastMulHigh = false;
     using Raw = TwoWords64;
 
     static Raw Load(const std::uint8_t* p) { return LoadAs<Raw>(p); }

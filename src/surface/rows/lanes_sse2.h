@@ -13,7 +13,7 @@ namespace {
 struct Register128 {
     static constexpr unsigned kBytes = 16;
     static constexpr bool kHasMasks = false;
-    static constexpr bool kHasMulHigh = true;
+    static constexpr bool kHasFastMulHigh = true;
     using Raw = __m128i;
 
     static __m128i Load(const std::uint8_t* p) {

@@ -21,7 +21,8 @@ inline Block KeepWhere(Block mask, Block old, Block fresh) {
     return (old & mask) | (fresh & ~mask);
 }
 
-/// 256 times the channel that lies weights / 256 of the way between two; the high byte is it.
+/// The channel that lies weights / 256 of the way from one to another, in the high byte, and its
+/// remainder below.
 template <class U16>
 inline U16 MixHalves(U16 from, U16 to, U16 weights) {
     return (to - from) * weights + (from << 8);
@@ -52,7 +53,7 @@ inline Pixels MixTowards(const Weights<U16, kAreOfColors>& weights, Pixels old, 
 /// 256 a * 258 is 65536 a + 512 a, so its high half is a, plus 1 from 128 on.
 template <class L>
 inline OldWeights<typename L::U16> WeightsUnder(typename L::U16 alphas) {
-    if constexpr (L::kHasMulHigh) {
+    if constexpr (L::kHasFastMulHigh) {
         return {L::MulHigh(alphas, L::SplatHalf(258))};
     } else {
         return {(alphas >> 8) + (alphas >> 15)};
@@ -70,7 +71,7 @@ template <class L>
 inline ColorWeights<typename L::U16> ScaledWeights(typename L::U16 alphas, std::uint32_t k) {
     const typename L::U16 shares = alphas ^ 0xFF00;  // in the upper bytes
     const auto factor = L::SplatHalf(k);
-    if constexpr (L::kHasMulHigh) {
+    if constexpr (L::kHasFastMulHigh) {
         return WeightsOfShares(L::MulHigh(shares, factor));
     } else {
         return WeightsOfShares<typename L::U16>((shares >> 8) * factor >> 8);

@@ -75,8 +75,8 @@ struct BlockKernels {
     }
 
     /// Rows that look like a sprite's are asked block by block whether all of it is invisible, or
-    /// opaque: in 32 bits they take a fifth less, with AVX2 a third. Others would lose by it,
-    /// and so would blocks of 16 pixels, too many of which hold a rim.
+    /// opaque: in 32 bits they take a fifth less, with AVX2 a third. Others would lose by it, and
+    /// so would blocks of 16 pixels, too many of which hold a rim.
     static unsigned BlendWords(PixelRows to, PixelRows from, unsigned w, unsigned h) {
         constexpr bool areBlocksSmall = FormatLanes<Narrow>::kPixels < 16;
         if (!areBlocksSmall || w < 4 * F::kPixels) return BlendBlocks(to, from, w, h);
@@ -246,7 +246,7 @@ void ScaleAlpha(std::uint8_t* words, std::size_t n, Word k) {
 }
 
 // Narrow rows take narrow vectors, see IsNarrow in the file that includes this. Picked once a
-// rectangle. Heavy kernels spend many instructions on a pixel, light ones few.
+// rectangle.
 
 /// Pixels of one register, for kernels that work on bytes.
 template <class F>
