@@ -18,10 +18,10 @@ set(
   font/glyph_draw.cpp
   font/glyph_records.cpp
   memory/memory.cpp
-  surface/aa_line.cpp
+  surface/lines/aa_line.cpp
   surface/display_blit.cpp
-  surface/line.cpp
-  surface/line_dots.cpp
+  surface/lines/line.cpp
+  surface/lines/line_dots.cpp
   surface/pixel_access.cpp
   surface/rect_copy.cpp
   surface/rect_fill.cpp

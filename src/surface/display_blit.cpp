@@ -30,13 +30,13 @@ void BlitRows(PixelRows from, unsigned h, void* dest, unsigned destPitch, Blit b
 
 void GfxSurface::QuickBltTo565(unsigned int x, unsigned int y, unsigned int w, unsigned int h,
                                void* dest, unsigned int destPitch) const {
-    const gfx::Storage storage = gfx::StorageOf(depth, pixelShift, lines);
-    const gfx::FormatKernels& kernels = gfx::Kernels()[gfx::Storage::Rgb565];
+    const gfx::PixelFormat format = gfx::FormatOf(depth, pixelShift, lines);
+    const gfx::FormatKernels& kernels = gfx::Kernels()[gfx::PixelFormat::Rgb565];
     if (w == 0) return;
-    if (storage == gfx::Storage::Rgb565) {
+    if (format == gfx::PixelFormat::Rgb565) {
         BlitRows({lines + y, x}, h, dest, destPitch,
                  [&](PixelRows to, PixelRows from) { kernels.copy(to, from, w, 1, false); });
-    } else if (storage == gfx::Storage::Color32) {
+    } else if (format == gfx::PixelFormat::Color32) {
         BlitRows({lines + y, x}, h, dest, destPitch, [&](PixelRows to, PixelRows from) {
             if (kernels.fromWords(to, from, w, 1) == 1) return;
             ConvertInOrder(*to.lines, *from.lines + from.x * sizeof(std::uint32_t), w);
@@ -46,10 +46,10 @@ void GfxSurface::QuickBltTo565(unsigned int x, unsigned int y, unsigned int w, u
 
 void GfxSurface::QuickBltTo555(unsigned int x, unsigned int y, unsigned int w, unsigned int h,
                                void* dest, unsigned int destPitch) const {
-    const gfx::Storage storage = gfx::StorageOf(depth, pixelShift, lines);
-    const bool isServed = storage == gfx::Storage::Rgb565 || storage == gfx::Storage::Color32;
+    const gfx::PixelFormat format = gfx::FormatOf(depth, pixelShift, lines);
+    const bool isServed = format == gfx::PixelFormat::Rgb565 || format == gfx::PixelFormat::Color32;
     if (w == 0 || !isServed) return;
-    const auto toDisplay555 = gfx::Kernels()[storage].toDisplay555;
+    const auto toDisplay555 = gfx::Kernels()[format].toDisplay555;
     BlitRows({lines + y, x}, h, dest, destPitch,
              [&](PixelRows to, PixelRows from) { toDisplay555(to, from, w, 1); });
 }

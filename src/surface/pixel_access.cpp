@@ -43,7 +43,7 @@ std::uint32_t Pack(const Channels& color) {
 void GfxSurface::SetPixelRGB(int x, int y, unsigned int color) {
     if (!IsInsideClip(x, y)) return;
     empty = false;
-    gfx::WithFormat(gfx::StorageOf(depth, pixelShift, lines), [&]<class Format>(Format) {
+    gfx::WithFormat(gfx::FormatOf(depth, pixelShift, lines), [&]<class Format>(Format) {
         StorePixel<Format>(lines[y], static_cast<std::size_t>(x), Format::FromRgb(color));
     });
 }
@@ -51,7 +51,7 @@ void GfxSurface::SetPixelRGB(int x, int y, unsigned int color) {
 void GfxSurface::SetPixelRGBBlend(int x, int y, unsigned int color) {
     if (!IsInsideClip(x, y)) return;
     empty = false;
-    gfx::WithFormat(gfx::StorageOf(depth, pixelShift, lines), [&]<class Format>(Format) {
+    gfx::WithFormat(gfx::FormatOf(depth, pixelShift, lines), [&]<class Format>(Format) {
         gfx::BlendInto<Format>(lines[y], static_cast<std::size_t>(x), color & 0x00FFFFFF,
                                gfx::AlphaOf(color));
     });
@@ -60,7 +60,7 @@ void GfxSurface::SetPixelRGBBlend(int x, int y, unsigned int color) {
 unsigned int GfxSurface::RetPixelRGB(int x, int y) const {
     std::uint32_t color = 0;
     if (!IsInsideClip(x, y)) return color;
-    gfx::WithFormat(gfx::StorageOf(depth, pixelShift, lines), [&]<class Format>(Format) {
+    gfx::WithFormat(gfx::FormatOf(depth, pixelShift, lines), [&]<class Format>(Format) {
         color = Format::ToRgb(LoadPixel<Format>(lines[y], static_cast<std::size_t>(x)), alpha);
     });
     return color;

@@ -1,4 +1,4 @@
-// The three storage formats: how one pixel is loaded, stored, turned into and made from a colour
+// The three formats: how one pixel is loaded, stored, turned into and made from a colour
 // word, and blended. Each rule stands here once; the row kernels apply the same ones along rows.
 //
 // Everything is in an unnamed namespace on purpose: this header is compiled into kernel files for
@@ -13,27 +13,27 @@
 
 namespace gfx {
 
-/// How a surface takes part in drawing. Decided by FormatOf and StorageOf alone.
-enum class Storage : unsigned { None, Grey8, Rgb565, Color32 };
-inline constexpr unsigned kStorageCount = 4;
+/// How a surface takes part in drawing. Decided by FormatOf alone.
+enum class PixelFormat : unsigned { None, Grey8, Rgb565, Color32 };
+inline constexpr unsigned kPixelFormatCount = 4;
 
 namespace {
 
-/// Depths 0 and 1 store nothing for drawing: packed bits are storage only. Every other format
+/// Depths 0 and 1 store nothing for drawing: their bits can only be kept. Every other format
 /// follows from its bytes per pixel.
-inline Storage FormatOf(unsigned depth, unsigned pixelShift) {
+inline PixelFormat FormatOf(unsigned depth, unsigned pixelShift) {
     if (pixelShift == 2) [[likely]] {
-        return Storage::Color32;
+        return PixelFormat::Color32;
     }
     if (pixelShift == 1) [[likely]] {
-        return Storage::Rgb565;
+        return PixelFormat::Rgb565;
     }
-    return depth <= 1 ? Storage::None : Storage::Grey8;
+    return depth <= 1 ? PixelFormat::None : PixelFormat::Grey8;
 }
 
 /// The format in which a surface takes part in drawing; one without rows does not.
-inline Storage StorageOf(unsigned depth, unsigned pixelShift, const void* lines) {
-    return lines == nullptr ? Storage::None : FormatOf(depth, pixelShift);
+inline PixelFormat FormatOf(unsigned depth, unsigned pixelShift, const void* lines) {
+    return lines == nullptr ? PixelFormat::None : FormatOf(depth, pixelShift);
 }
 
 inline std::uint32_t AlphaOf(std::uint32_t color) { return color >> 24; }
@@ -158,12 +158,12 @@ inline void BlendInto(std::uint8_t* row, std::size_t x, std::uint32_t rgb, std::
 /// Calls visit with the type of a format; not at all where nothing is stored. The wider the format,
 /// the fewer jumps: they are a tenth of the time of a single pixel.
 template <class Visit>
-inline void WithFormat(Storage storage, Visit visit) {
-    if (storage == Storage::Color32) [[likely]] {
+inline void WithFormat(PixelFormat format, Visit visit) {
+    if (format == PixelFormat::Color32) [[likely]] {
         visit(Color32{});
-    } else if (storage == Storage::Rgb565) [[likely]] {
+    } else if (format == PixelFormat::Rgb565) [[likely]] {
         visit(Rgb565{});
-    } else if (storage == Storage::Grey8) {
+    } else if (format == PixelFormat::Grey8) {
         visit(Grey8{});
     }
 }

@@ -6,7 +6,7 @@
 #include "surface/pixel_format.h"
 #include "surface/rect_transfer.h"
 
-using gfx::Storage;
+using gfx::PixelFormat;
 
 namespace {
 
@@ -24,11 +24,11 @@ StoredKey StoredKeyIn(std::uint32_t key, std::uint32_t surfaceAlpha) {
 
 /// A key is compared with whole colour words. Most words are no pixel's below 32 bits: such a key
 /// skips nothing.
-StoredKey StoredKeyOf(Storage storage, std::uint32_t key, std::uint32_t surfaceAlpha) {
-    switch (storage) {
-        case Storage::Grey8:
+StoredKey StoredKeyOf(PixelFormat format, std::uint32_t key, std::uint32_t surfaceAlpha) {
+    switch (format) {
+        case PixelFormat::Grey8:
             return StoredKeyIn<gfx::Grey8>(key, surfaceAlpha);
-        case Storage::Rgb565:
+        case PixelFormat::Rgb565:
             return StoredKeyIn<gfx::Rgb565>(key, surfaceAlpha);
         default:
             return StoredKeyIn<gfx::Color32>(key, surfaceAlpha);
@@ -42,22 +42,22 @@ void GfxSurface::RectCopy(int x, int y, unsigned int w, unsigned int h, int srcX
     const GfxSurface& from = src != nullptr ? *src : *this;
     // First of all: what follows saves many registers.
     if (w == 1 && h == 1 && !tile && !transparent) return CopyPixel(x, y, srcX, srcY, from);
-    const Storage storage = gfx::StorageOf(depth, pixelShift, lines);
-    const bool isOneFormat = storage == gfx::StorageOf(from.depth, from.pixelShift, from.lines);
-    if (tile || transparent || !isOneFormat || storage == Storage::None) {
+    const PixelFormat format = gfx::FormatOf(depth, pixelShift, lines);
+    const bool isOneFormat = format == gfx::FormatOf(from.depth, from.pixelShift, from.lines);
+    if (tile || transparent || !isOneFormat || format == PixelFormat::None) {
         return CopyConverted(x, y, w, h, srcX, srcY, from, tile);
     }
     Transfer transfer{*this, from, {x, y, w, h, srcX, srcY}};
     if (!transfer.Frame(false)) return;
     empty = false;
-    gfx::Kernels()[storage].copy(transfer.Target(), transfer.Source(), transfer.rect.w,
-                                 transfer.rect.h, transfer.RunsUpwards());
+    gfx::Kernels()[format].copy(transfer.Target(), transfer.Source(), transfer.rect.w,
+                                transfer.rect.h, transfer.RunsUpwards());
 }
 
 // Single pixels take three quarters of the time of a rectangle's way.
 void GfxSurface::CopyPixel(int x, int y, int srcX, int srcY, const GfxSurface& from) {
-    const Storage storage = gfx::StorageOf(depth, pixelShift, lines);
-    if (storage != gfx::StorageOf(from.depth, from.pixelShift, from.lines)) {
+    const PixelFormat format = gfx::FormatOf(depth, pixelShift, lines);
+    if (format != gfx::FormatOf(from.depth, from.pixelShift, from.lines)) {
         return CopyConverted(x, y, 1, 1, srcX, srcY, from, false);
     }
     // Positions before the origin come out beyond any size.
@@ -65,7 +65,7 @@ void GfxSurface::CopyPixel(int x, int y, int srcX, int srcY, const GfxSurface& f
     const auto row = static_cast<unsigned>(srcY);
     if (!IsInsideClip(x, y) || column >= from.dx || row >= from.dy) return;
     empty = false;
-    gfx::WithFormat(storage, [&]<class Format>(Format) {
+    gfx::WithFormat(format, [&]<class Format>(Format) {
         const std::uint32_t pixel = gfx::LoadPixel<Format>(from.lines[row], column);
         gfx::StorePixel<Format>(lines[y], static_cast<std::size_t>(x), pixel);
     });
@@ -78,9 +78,9 @@ void GfxSurface::CopyPixel(int x, int y, int srcX, int srcY, const GfxSurface& f
     Transfer transfer{*this, from, {x, y, w, h, srcX, srcY}};
     if (!transfer.Frame(tile)) return;
     empty = false;
-    const Storage target = transfer.TargetStorage();
-    const Storage source = transfer.SourceStorage();
-    if (target == Storage::None || source == Storage::None) return;
+    const PixelFormat target = transfer.TargetFormat();
+    const PixelFormat source = transfer.SourceFormat();
+    if (target == PixelFormat::None || source == PixelFormat::None) return;
 
     const gfx::RowKernels& kernels = gfx::Kernels();
     const gfx::FormatKernels& own = kernels[target];
@@ -101,9 +101,9 @@ void GfxSurface::CopyPixel(int x, int y, int srcX, int srcY, const GfxSurface& f
     unsigned done = 0;
     if (source == target) {
         done = own.copyKeyed(transfer.Target(), transfer.Source(), rect.w, rect.h, key.pixel);
-    } else if (source == Storage::Color32) {
+    } else if (source == PixelFormat::Color32) {
         done = step(transfer.Target(), transfer.Source(), rect.w, rect.h);
-    } else if (target == Storage::Color32 && !key.exists) {
+    } else if (target == PixelFormat::Color32 && !key.exists) {
         done = kernels[source].toWords(transfer.Target(), transfer.Source(), rect.w, rect.h,
                                        from.alpha);
     }
@@ -115,8 +115,8 @@ void GfxSurface::RectBlend(int x, int y, unsigned int w, unsigned int h, int src
     Transfer transfer{*this, src != nullptr ? *src : *this, {x, y, w, h, srcX, srcY}};
     if (!transfer.Frame(tile)) return;
     empty = false;
-    const Storage target = transfer.TargetStorage();
-    if (target == Storage::None || transfer.SourceStorage() == Storage::None) return;
+    const PixelFormat target = transfer.TargetFormat();
+    if (target == PixelFormat::None || transfer.SourceFormat() == PixelFormat::None) return;
     transfer.WriteWords(gfx::WriteStep(gfx::Kernels()[target].blendWords));
 }
 
@@ -125,8 +125,8 @@ void GfxSurface::RectBlendAlpha(int x, int y, unsigned int w, unsigned int h, in
     Transfer transfer{*this, src != nullptr ? *src : *this, {x, y, w, h, srcX, srcY}};
     if (!transfer.Frame(tile)) return;
     empty = false;
-    const Storage target = transfer.TargetStorage();
-    if (target == Storage::None || transfer.SourceStorage() == Storage::None) return;
+    const PixelFormat target = transfer.TargetFormat();
+    if (target == PixelFormat::None || transfer.SourceFormat() == PixelFormat::None) return;
     const gfx::FormatKernels& kernels = gfx::Kernels()[target];
     const std::uint32_t opacity = gfx::OpacityScale(transparency);
     if (opacity <= gfx::kUnitOpacity) {

@@ -7,16 +7,16 @@
 #include "surface/rows/row_dispatch.h"
 
 using gfx::ClippedRect;
+using gfx::PixelFormat;
 using gfx::PixelRows;
-using gfx::Storage;
 
 namespace {
 
 /// How a mask gives one transparency a pixel. Decided by exact depth.
 enum class MaskKind { None, Bytes, AlphaOfWords };
 
-MaskKind MaskKindOf(unsigned depth, Storage storage) {
-    if (storage == Storage::None) return MaskKind::None;
+MaskKind MaskKindOf(unsigned depth, PixelFormat format) {
+    if (format == PixelFormat::None) return MaskKind::None;
     if (depth == 8) return MaskKind::Bytes;
     return depth == 32 ? MaskKind::AlphaOfWords : MaskKind::None;
 }
@@ -43,10 +43,10 @@ void GfxSurface::RectFill(int x, int y, unsigned int w, unsigned int h, unsigned
     ClippedRect rect{x, y, w, h};
     if (!ClipRectToBounds(rect, {clipX0, clipY0, clipX1, clipY1})) return;
     empty = false;
-    const Storage storage = gfx::StorageOf(depth, pixelShift, lines);
-    if (storage == Storage::None) return;
-    gfx::Kernels()[storage].fill({lines + rect.y, static_cast<std::size_t>(rect.x)}, rect.w, rect.h,
-                                 color);
+    const PixelFormat format = gfx::FormatOf(depth, pixelShift, lines);
+    if (format == PixelFormat::None) return;
+    gfx::Kernels()[format].fill({lines + rect.y, static_cast<std::size_t>(rect.x)}, rect.w, rect.h,
+                                color);
 }
 
 void GfxSurface::RectFillBlend(int x, int y, unsigned int w, unsigned int h, unsigned int color) {
@@ -56,10 +56,10 @@ void GfxSurface::RectFillBlend(int x, int y, unsigned int w, unsigned int h, uns
     ClippedRect rect{x, y, w, h};
     if (!ClipRectToBounds(rect, {clipX0, clipY0, clipX1, clipY1})) return;
     empty = false;
-    const Storage storage = gfx::StorageOf(depth, pixelShift, lines);
-    if (a == 255 || storage == Storage::None) return;
-    gfx::Kernels()[storage].blendColor({lines + rect.y, static_cast<std::size_t>(rect.x)}, rect.w,
-                                       rect.h, color);
+    const PixelFormat format = gfx::FormatOf(depth, pixelShift, lines);
+    if (a == 255 || format == PixelFormat::None) return;
+    gfx::Kernels()[format].blendColor({lines + rect.y, static_cast<std::size_t>(rect.x)}, rect.w,
+                                      rect.h, color);
 }
 
 void GfxSurface::RectFillBlend(int x, int y, unsigned int w, unsigned int h, unsigned int color,
@@ -70,13 +70,13 @@ void GfxSurface::RectFillBlend(int x, int y, unsigned int w, unsigned int h, uns
     if (mask->dx == 0 || mask->dy == 0 || !ClipToSurfaceSize(rect, mask->dx, mask->dy)) return;
     empty = false;
     const MaskKind kind =
-        MaskKindOf(mask->depth, gfx::StorageOf(mask->depth, mask->pixelShift, mask->lines));
+        MaskKindOf(mask->depth, gfx::FormatOf(mask->depth, mask->pixelShift, mask->lines));
     if (kind == MaskKind::None || gfx::AlphaOf(color) == 255) return;
 
-    const Storage storage = gfx::StorageOf(depth, pixelShift, lines);
-    if (storage == Storage::None) return;
+    const PixelFormat format = gfx::FormatOf(depth, pixelShift, lines);
+    if (format == PixelFormat::None) return;
 
-    const gfx::FormatKernels& kernels = gfx::Kernels()[storage];
+    const gfx::FormatKernels& kernels = gfx::Kernels()[format];
     const PixelRows to{lines + rect.y, static_cast<std::size_t>(rect.x)};
     unsigned done = 0;
     if (rect.srcX >= 0 && rect.srcY >= 0) {

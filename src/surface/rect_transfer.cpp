@@ -2,8 +2,8 @@
 
 #include "surface/pixel_format.h"
 
+using gfx::PixelFormat;
 using gfx::PixelRows;
-using gfx::Storage;
 
 namespace {
 
@@ -20,7 +20,7 @@ bool HasRegularRows(const std::uint8_t* pixels, std::uint8_t* const* lines, unsi
 
 void GfxSurface::Transfer::WriteWords(const gfx::WriteStep& step) const {
     unsigned done = 0;
-    if (SourceStorage() == Storage::Color32 && !wraps && !RunsUpwards()) {
+    if (SourceFormat() == PixelFormat::Color32 && !wraps && !RunsUpwards()) {
         done = step(Target(), Source(), rect.w, rect.h);
     }
     if (done < rect.h) ThroughScratchRow(step, done);

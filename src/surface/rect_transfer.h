@@ -46,9 +46,11 @@ struct GfxSurface::Transfer {
     /// @return whether anything is left.
     bool Frame(bool tile);
 
-    gfx::Storage TargetStorage() const { return gfx::StorageOf(to.depth, to.pixelShift, to.lines); }
-    gfx::Storage SourceStorage() const {
-        return gfx::StorageOf(from.depth, from.pixelShift, from.lines);
+    gfx::PixelFormat TargetFormat() const {
+        return gfx::FormatOf(to.depth, to.pixelShift, to.lines);
+    }
+    gfx::PixelFormat SourceFormat() const {
+        return gfx::FormatOf(from.depth, from.pixelShift, from.lines);
     }
 
     /// A copy within one surface whose target lies below its source, over it: bottom up.

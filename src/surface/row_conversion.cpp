@@ -27,13 +27,13 @@ void GfxSurface::ConvertToRGB(MemoryPtr pixelRow, MemoryPtr colorRow, unsigned i
                               unsigned int n) const {
     std::uint8_t* const from = BytesOf(pixelRow);
     std::uint8_t* const to = BytesOf(colorRow);
-    const gfx::Storage storage = gfx::FormatOf(depth, pixelShift);
-    gfx::Kernels()[storage].toWords({&to, 0}, {&from, x}, n, 1, alpha);
+    const gfx::PixelFormat format = gfx::FormatOf(depth, pixelShift);
+    gfx::Kernels()[format].toWords({&to, 0}, {&from, x}, n, 1, alpha);
 }
 
 void GfxSurface::ConvertTileToRGB(MemoryPtr pixelRow, MemoryPtr colorRow, unsigned int x,
                                   unsigned int n) const {
-    if (dx == 0 || gfx::FormatOf(depth, pixelShift) == gfx::Storage::None) return;
+    if (dx == 0 || gfx::FormatOf(depth, pixelShift) == gfx::PixelFormat::None) return;
     // One period of the pattern in at most two runs; then what is there is doubled.
     std::uint8_t* const words = BytesOf(colorRow);
     const auto wordAt = [words](std::size_t i) {
@@ -57,24 +57,24 @@ void GfxSurface::ConvertFromRGB(MemoryPtr colorRow, MemoryPtr pixelRow, unsigned
                                 unsigned int n) const {
     std::uint8_t* const from = BytesOf(colorRow);
     std::uint8_t* const to = BytesOf(pixelRow);
-    const gfx::Storage storage = gfx::FormatOf(depth, pixelShift);
-    gfx::Kernels()[storage].fromWords({&to, x}, {&from, 0}, n, 1);
+    const gfx::PixelFormat format = gfx::FormatOf(depth, pixelShift);
+    gfx::Kernels()[format].fromWords({&to, x}, {&from, 0}, n, 1);
 }
 
 void GfxSurface::ConvertFromRGB(MemoryPtr colorRow, MemoryPtr pixelRow, unsigned int x,
                                 unsigned int n, unsigned int key) const {
     std::uint8_t* const from = BytesOf(colorRow);
     std::uint8_t* const to = BytesOf(pixelRow);
-    const gfx::Storage storage = gfx::FormatOf(depth, pixelShift);
-    gfx::Kernels()[storage].fromWordsKeyed({&to, x}, {&from, 0}, n, 1, key);
+    const gfx::PixelFormat format = gfx::FormatOf(depth, pixelShift);
+    gfx::Kernels()[format].fromWordsKeyed({&to, x}, {&from, 0}, n, 1, key);
 }
 
 void GfxSurface::BlendWithRGB(MemoryPtr colorRow, MemoryPtr pixelRow, unsigned int x,
                               unsigned int n) const {
     std::uint8_t* const from = BytesOf(colorRow);
     std::uint8_t* const to = BytesOf(pixelRow);
-    const gfx::Storage storage = gfx::FormatOf(depth, pixelShift);
-    gfx::Kernels()[storage].blendWords({&to, x}, {&from, 0}, n, 1);
+    const gfx::PixelFormat format = gfx::FormatOf(depth, pixelShift);
+    gfx::Kernels()[format].blendWords({&to, x}, {&from, 0}, n, 1);
 }
 
 void GfxSurface::CombineRGBAlpha(double transparency, MemoryPtr colorRow, unsigned int n) const {

@@ -6,8 +6,8 @@
 namespace {
 
 using gfx::Color32;
+using gfx::PixelFormat;
 using gfx::Rgb565;
-using gfx::Storage;
 using gfx::StorePixel;
 
 /// The columns of a run that lie inside the clip rectangle, and what belongs to the first of them.
@@ -77,9 +77,9 @@ void GfxSurface::SetPixelLineBGR24(int x, int y, unsigned int n, const unsigned 
     empty = false;
     if (bgr == nullptr) return;
     const VisibleRun run = ClipRun(x, n, clip);
-    const Storage storage = gfx::StorageOf(depth, pixelShift, lines);
-    if (storage == Storage::Rgb565) WriteBgr24<Rgb565>(lines[y], run, bgr);
-    if (storage == Storage::Color32) WriteBgr24<Color32>(lines[y], run, bgr);
+    const PixelFormat format = gfx::FormatOf(depth, pixelShift, lines);
+    if (format == PixelFormat::Rgb565) WriteBgr24<Rgb565>(lines[y], run, bgr);
+    if (format == PixelFormat::Color32) WriteBgr24<Color32>(lines[y], run, bgr);
 }
 
 void GfxSurface::SetPixelLineMono(int x, int y, unsigned int n, unsigned int color,
@@ -89,7 +89,7 @@ void GfxSurface::SetPixelLineMono(int x, int y, unsigned int n, unsigned int col
     empty = false;
     if (bits == nullptr) return;
     const VisibleRun run = ClipRun(x, n, clip);
-    const Storage storage = gfx::StorageOf(depth, pixelShift, lines);
-    if (storage == Storage::Rgb565) WriteMono<Rgb565>(lines[y], run, color, bits);
-    if (storage == Storage::Color32) WriteMono<Color32>(lines[y], run, color, bits);
+    const PixelFormat format = gfx::FormatOf(depth, pixelShift, lines);
+    if (format == PixelFormat::Rgb565) WriteMono<Rgb565>(lines[y], run, color, bits);
+    if (format == PixelFormat::Color32) WriteMono<Color32>(lines[y], run, color, bits);
 }

@@ -164,7 +164,7 @@ void GfxSurface::DropMemory() {
 }
 
 bool GfxSurface::StoresNothing() const {
-    return gfx::StorageOf(depth, pixelShift, lines) == gfx::Storage::None;
+    return gfx::FormatOf(depth, pixelShift, lines) == gfx::PixelFormat::None;
 }
 
 void GfxSurface::SetNewSize(unsigned int w, unsigned int h) {

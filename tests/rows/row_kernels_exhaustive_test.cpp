@@ -11,9 +11,9 @@ namespace {
 
 using gfx::Color32;
 using gfx::Grey8;
+using gfx::PixelFormat;
 using gfx::Rgb565;
 using gfx::RowKernels;
-using gfx::Storage;
 
 using Word = std::uint32_t;
 
@@ -60,7 +60,7 @@ TEST(RowKernels, Every_mask_value_takes_every_alpha_of_a_colour) {
             const Word color = alpha << 24 | 0x00A1FF07;
             std::vector<Word> row(256, 0x55123456);
             auto* line = reinterpret_cast<std::uint8_t*>(row.data());
-            (*table)[Storage::Color32].blendMask8({&line, 0}, {&mask, 0}, 256, 1, color);
+            (*table)[PixelFormat::Color32].blendMask8({&line, 0}, {&mask, 0}, 256, 1, color);
             for (Word m = 0; m < 256; ++m) {
                 const Word masked = gfx::MaskedAlpha(alpha, m) << 24 | 0x00A1FF07;
                 ASSERT_EQ(gfx::Blend<Color32>(0x55123456, masked), row[m])
@@ -78,7 +78,7 @@ TEST(RowKernels, Every_565_pixel_becomes_its_colour_word) {
     for (const RowKernels* table : AllTables()) {
         std::vector<Word> words(65536);
         auto* to = reinterpret_cast<std::uint8_t*>(words.data());
-        (*table)[Storage::Rgb565].toWords({&to, 0}, {&from, 0}, 65536, 1, 0x3C);
+        (*table)[PixelFormat::Rgb565].toWords({&to, 0}, {&from, 0}, 65536, 1, 0x3C);
         for (unsigned p = 0; p < 65536; ++p) {
             ASSERT_EQ(gfx::Pixel16ToRgb(p, 0x3C), words[p]) << table->name;
         }

@@ -18,10 +18,10 @@ using gfx::AlphaOf;
 using gfx::Color32;
 using gfx::FormatKernels;
 using gfx::Grey8;
+using gfx::PixelFormat;
 using gfx::PixelRows;
 using gfx::Rgb565;
 using gfx::RowKernels;
-using gfx::Storage;
 
 using Word = std::uint32_t;
 
@@ -36,33 +36,33 @@ Word RandomWord() {
     return RandomBits() % 2 == 0 ? word : (word & 0x00FFFFFF) | alphas[RandomBits() % 4] << 24;
 }
 
-Word Load(Storage storage, const std::uint8_t* row, std::size_t x) {
-    switch (storage) {
-        case Storage::Grey8:
+Word Load(PixelFormat format, const std::uint8_t* row, std::size_t x) {
+    switch (format) {
+        case PixelFormat::Grey8:
             return gfx::LoadPixel<Grey8>(row, x);
-        case Storage::Rgb565:
+        case PixelFormat::Rgb565:
             return gfx::LoadPixel<Rgb565>(row, x);
         default:
             return gfx::LoadPixel<Color32>(row, x);
     }
 }
 
-std::size_t UnitSize(Storage storage) {
-    return std::size_t{1} << (static_cast<unsigned>(storage) - 1);
+std::size_t UnitSize(PixelFormat format) {
+    return std::size_t{1} << (static_cast<unsigned>(format) - 1);
 }
 
-/// The three formats' rules by storage.
+/// The three formats' rules by format.
 struct PlainRules {
     Word (*fromRgb)(Word);
     Word (*toRgb)(Word, Word);
     Word (*blend)(Word, Word);
 };
 
-PlainRules RulesOf(Storage storage) {
-    switch (storage) {
-        case Storage::Grey8:
+PlainRules RulesOf(PixelFormat format) {
+    switch (format) {
+        case PixelFormat::Grey8:
             return {Grey8::FromRgb, Grey8::ToRgb, gfx::Blend<Grey8>};
-        case Storage::Rgb565:
+        case PixelFormat::Rgb565:
             return {Rgb565::FromRgb, Rgb565::ToRgb, gfx::Blend<Rgb565>};
         default:
             return {Color32::FromRgb, Color32::ToRgb, gfx::Blend<Color32>};
@@ -72,8 +72,8 @@ PlainRules RulesOf(Storage storage) {
 /// One call of a kernel and what it makes of a pixel: (old pixel, source pixel) -> pixel.
 struct Operation {
     std::string name;
-    Storage target;
-    Storage source;
+    PixelFormat target;
+    PixelFormat source;
     std::function<unsigned(PixelRows, PixelRows, unsigned, unsigned)> run;
     std::function<Word(Word, Word)> rule;
 };
@@ -84,64 +84,64 @@ Word ToDisplay(Word color) {
 
 /// All operations of one table on one format, with the given arguments: one entry a kernel, in one
 /// list, so that a missing one shows.
-std::vector<Operation> OperationsOf(const RowKernels& table, Storage storage, Word color,
+std::vector<Operation> OperationsOf(const RowKernels& table, PixelFormat format, Word color,
                                     Word key) {
-    const FormatKernels& k = table[storage];
-    const PlainRules rules = RulesOf(storage);
+    const FormatKernels& k = table[format];
+    const PlainRules rules = RulesOf(format);
     const Word alpha = color >> 8 & 0xFF;
     const Word scale = key % 257;
     const Word storedKey = rules.fromRgb(key);
     const auto masked = [=](Word m) {
         return gfx::MaskedAlpha(AlphaOf(color), m) << 24 | (color & 0x00FFFFFF);
     };
-    const Storage none = Storage::None;
-    const Storage words = Storage::Color32;
+    const PixelFormat none = PixelFormat::None;
+    const PixelFormat words = PixelFormat::Color32;
     return {
-        {"fill", storage, none,
+        {"fill", format, none,
          [=](PixelRows to, PixelRows, unsigned w, unsigned h) {
              return k.fill(to, w, h, color), h;
          },
          [=](Word, Word) { return rules.fromRgb(color); }},
-        {"blendColor", storage, none,
+        {"blendColor", format, none,
          [=](PixelRows to, PixelRows, unsigned w, unsigned h) {
              return k.blendColor(to, w, h, color), h;
          },
          [=](Word old, Word) { return rules.blend(old, color); }},
-        {"blendMask8", storage, Storage::Grey8,
+        {"blendMask8", format, PixelFormat::Grey8,
          [=](auto to, auto from, auto w, auto h) { return k.blendMask8(to, from, w, h, color); },
          [=](Word old, Word m) { return rules.blend(old, masked(m)); }},
-        {"blendMask8 opaque", storage, Storage::Grey8,
+        {"blendMask8 opaque", format, PixelFormat::Grey8,
          [=](auto to, auto from, auto w, auto h) {
              return k.blendMask8(to, from, w, h, color & 0x00FFFFFF);
          },
          [=](Word old, Word m) { return rules.blend(old, m << 24 | (color & 0x00FFFFFF)); }},
-        {"blendMask32", storage, words,
+        {"blendMask32", format, words,
          [=](auto to, auto from, auto w, auto h) { return k.blendMask32(to, from, w, h, color); },
          [=](Word old, Word m) { return rules.blend(old, masked(AlphaOf(m))); }},
-        {"copy", storage, storage,
+        {"copy", format, format,
          [=](auto to, auto from, auto w, auto h) { return k.copy(to, from, w, h, false), h; },
          [=](Word, Word pixel) { return pixel; }},
-        {"copyKeyed", storage, storage,
+        {"copyKeyed", format, format,
          [=](auto to, auto from, auto w, auto h) { return k.copyKeyed(to, from, w, h, storedKey); },
          [=](Word old, Word pixel) { return pixel == storedKey ? old : pixel; }},
-        {"toWords", words, storage,
+        {"toWords", words, format,
          [=](auto to, auto from, auto w, auto h) { return k.toWords(to, from, w, h, alpha); },
          [=](Word, Word pixel) { return rules.toRgb(pixel, alpha); }},
-        {"fromWords", storage, words,
+        {"fromWords", format, words,
          [=](auto to, auto from, auto w, auto h) { return k.fromWords(to, from, w, h); },
          [=](Word, Word word) { return rules.fromRgb(word); }},
-        {"fromWordsKeyed", storage, words,
+        {"fromWordsKeyed", format, words,
          [=](auto to, auto from, auto w, auto h) { return k.fromWordsKeyed(to, from, w, h, key); },
          [=](Word old, Word word) { return word == key ? old : rules.fromRgb(word); }},
-        {"blendWords", storage, words,
+        {"blendWords", format, words,
          [=](auto to, auto from, auto w, auto h) { return k.blendWords(to, from, w, h); },
          [=](Word old, Word word) { return rules.blend(old, word); }},
-        {"blendWordsScaled", storage, words,
+        {"blendWordsScaled", format, words,
          [=](auto to, auto from, auto w, auto h) {
              return k.blendWordsScaled(to, from, w, h, scale);
          },
          [=](Word old, Word word) { return rules.blend(old, PlainScale(word, scale)); }},
-        {"toDisplay555", Storage::Rgb565, storage,
+        {"toDisplay555", PixelFormat::Rgb565, format,
          [=](auto to, auto from, auto w, auto h) { return k.toDisplay555(to, from, w, h); },
          [=](Word, Word pixel) { return ToDisplay(rules.toRgb(pixel, 0)); }},
     };
@@ -149,11 +149,11 @@ std::vector<Operation> OperationsOf(const RowKernels& table, Storage storage, Wo
 
 /// Rows of random pixels between canaries, and their row table.
 struct Rows {
-    Rows(Storage storage, unsigned columns, unsigned h, unsigned offset)
-        : memory(columns * UnitSize(storage), h, 3, offset) {
+    Rows(PixelFormat format, unsigned columns, unsigned h, unsigned offset)
+        : memory(columns * UnitSize(format), h, 3, offset) {
         for (unsigned y = 0; y < h; ++y) {
             table.push_back(memory.Row(y));
-            for (std::size_t i = 0; i < columns * UnitSize(storage); ++i) {
+            for (std::size_t i = 0; i < columns * UnitSize(format); ++i) {
                 memory.Row(y)[i] = static_cast<std::uint8_t>(RandomBits());
             }
         }
@@ -165,17 +165,17 @@ struct Rows {
 
 /// Colour words with telling alphas, in runs of invisible, opaque and any ones, some equal to the
 /// key; or pixels, some equal to it.
-void Seed(Rows& rows, Storage storage, unsigned columns, Word key) {
+void Seed(Rows& rows, PixelFormat format, unsigned columns, Word key) {
     for (std::uint8_t* row : rows.table) {
         Word run = 0;
         for (unsigned x = 0; x < columns; ++x) {
             const bool isKey = RandomBits() % 16 == 0;
             if (x == 0 || RandomBits() % 32 == 0) run = RandomBits() % 3;
-            if (storage == Storage::Color32) {
+            if (format == PixelFormat::Color32) {
                 const Word words[] = {RandomBits() & 0x00FFFFFF, RandomBits() | 0xFF000000,
                                       RandomWord()};
                 gfx::StorePixel<Color32>(row, x, isKey ? key : words[run]);
-            } else if (isKey && storage == Storage::Rgb565) {
+            } else if (isKey && format == PixelFormat::Rgb565) {
                 gfx::StorePixel<Rgb565>(row, x, Rgb565::FromRgb(key));
             } else if (isKey) {
                 row[x] = static_cast<std::uint8_t>(Grey8::FromRgb(key));
@@ -188,7 +188,7 @@ void Compare(const RowKernels& table, const Operation& op, unsigned w, unsigned 
     constexpr unsigned kHeight = 2;
     const unsigned columns = w + offset;
     Rows target(op.target, columns, kHeight, offset);
-    const Storage source = op.source == Storage::None ? Storage::Grey8 : op.source;
+    const PixelFormat source = op.source == PixelFormat::None ? PixelFormat::Grey8 : op.source;
     Rows from(source, columns, kHeight, (offset + 1) % 4);
     Seed(from, source, columns, key);
     const FencedMemory before = target.memory;
@@ -204,7 +204,7 @@ void Compare(const RowKernels& table, const Operation& op, unsigned w, unsigned 
             const Word pixel = Load(source, sourceBefore.Row(y), x);
             const Word expected = x < offset ? old : op.rule(old, pixel);
             ASSERT_EQ(expected, Load(op.target, target.memory.Row(y), x))
-                << table.name << " " << op.name << " storage " << static_cast<unsigned>(op.target)
+                << table.name << " " << op.name << " format " << static_cast<unsigned>(op.target)
                 << " from " << static_cast<unsigned>(source) << ", w " << w << ", offset " << offset
                 << ", at (" << x << ", " << y << "), old " << std::hex << old << ", source "
                 << pixel;
@@ -212,7 +212,7 @@ void Compare(const RowKernels& table, const Operation& op, unsigned w, unsigned 
     }
 }
 
-class EachFormat : public testing::TestWithParam<Storage> {};
+class EachFormat : public testing::TestWithParam<PixelFormat> {};
 
 TEST_P(EachFormat, Kernels_give_the_pixels_of_the_plain_rules_at_every_width_and_offset) {
     for (const RowKernels* table : AllTables()) {
@@ -246,7 +246,7 @@ TEST_P(EachFormat, Rows_of_sprites_and_other_rows_may_follow_each_other) {
     constexpr unsigned kHeight = 40, kWidth = 300, kShared = 37;
     const auto isSpriteRow = [](unsigned y) { return y < 16 || y >= 32; };
     for (const RowKernels* table : AllTables()) {
-        Rows target(GetParam(), kWidth, kHeight, 1), from(Storage::Color32, kWidth, kHeight, 2);
+        Rows target(GetParam(), kWidth, kHeight, 1), from(PixelFormat::Color32, kWidth, kHeight, 2);
         for (unsigned y = 0; y < kHeight; ++y) {
             for (unsigned x = 0; x < kWidth; ++x) {
                 const Word alpha = (x / 24 + y) % 2 == 0 ? 0x00 : 0xFF;
@@ -273,13 +273,14 @@ TEST_P(EachFormat, Rows_of_sprites_and_other_rows_may_follow_each_other) {
     }
 }
 
-std::string NameOf(const testing::TestParamInfo<Storage>& info) {
+std::string NameOf(const testing::TestParamInfo<PixelFormat>& info) {
     const char* const names[] = {"None", "Grey8", "Rgb565", "Color32"};
     return names[static_cast<unsigned>(info.param)];
 }
 
 INSTANTIATE_TEST_SUITE_P(RowKernels, EachFormat,
-                         testing::Values(Storage::Grey8, Storage::Rgb565, Storage::Color32),
+                         testing::Values(PixelFormat::Grey8, PixelFormat::Rgb565,
+                                         PixelFormat::Color32),
                          NameOf);
 
 TEST_P(EachFormat, Copies_may_overlap_at_any_distance) {
@@ -306,7 +307,7 @@ TEST_P(EachFormat, Copies_may_overlap_at_any_distance) {
 TEST(RowKernels, Rows_that_share_memory_are_left_to_the_caller) {
     std::vector<std::uint8_t> memory(4096);
     for (const RowKernels* table : AllTables()) {
-        const FormatKernels& k = (*table)[Storage::Color32];
+        const FormatKernels& k = (*table)[PixelFormat::Color32];
         std::uint8_t* rows[] = {memory.data(), memory.data() + 1024, memory.data() + 2048};
         std::uint8_t* sources[] = {memory.data() + 3072, memory.data() + 1024 + 396,
                                    memory.data() + 3072};

@@ -1,4 +1,4 @@
-// The three storage formats in vectors: how a block of pixels is loaded, stored, mixed and turned
+// The three formats in vectors: how a block of pixels is loaded, stored, mixed and turned
 // into colour words. The row kernels are written once on top of these.
 //
 // A format's block holds kPixels pixels. Its Alphas are one value of 0..255 a pixel, in the upper

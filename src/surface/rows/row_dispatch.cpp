@@ -59,36 +59,37 @@ const RowKernels& ChooseKernels() {
 }
 
 /// A kernel that chooses the table and passes its call on: one for each entry of each format.
-template <Storage kStorage, auto kEntry>
+template <PixelFormat kFormat, auto kEntry>
 struct FirstUse;
 
-template <Storage kStorage, class Result, class... Args, Result (*FormatKernels::*kEntry)(Args...)>
-struct FirstUse<kStorage, kEntry> {
-    static Result Call(Args... args) { return (ChooseKernels()[kStorage].*kEntry)(args...); }
+template <PixelFormat kFormat, class Result, class... Args,
+          Result (*FormatKernels::*kEntry)(Args...)>
+struct FirstUse<kFormat, kEntry> {
+    static Result Call(Args... args) { return (ChooseKernels()[kFormat].*kEntry)(args...); }
 };
 
-template <Storage kStorage>
+template <PixelFormat kFormat>
 constexpr FormatKernels FirstUseKernels() {
     return {
-        .fill = FirstUse<kStorage, &FormatKernels::fill>::Call,
-        .blendColor = FirstUse<kStorage, &FormatKernels::blendColor>::Call,
-        .blendMask8 = FirstUse<kStorage, &FormatKernels::blendMask8>::Call,
-        .blendMask32 = FirstUse<kStorage, &FormatKernels::blendMask32>::Call,
-        .copy = FirstUse<kStorage, &FormatKernels::copy>::Call,
-        .copyKeyed = FirstUse<kStorage, &FormatKernels::copyKeyed>::Call,
-        .toWords = FirstUse<kStorage, &FormatKernels::toWords>::Call,
-        .fromWords = FirstUse<kStorage, &FormatKernels::fromWords>::Call,
-        .fromWordsKeyed = FirstUse<kStorage, &FormatKernels::fromWordsKeyed>::Call,
-        .blendWords = FirstUse<kStorage, &FormatKernels::blendWords>::Call,
-        .blendWordsScaled = FirstUse<kStorage, &FormatKernels::blendWordsScaled>::Call,
-        .toDisplay555 = FirstUse<kStorage, &FormatKernels::toDisplay555>::Call,
+        .fill = FirstUse<kFormat, &FormatKernels::fill>::Call,
+        .blendColor = FirstUse<kFormat, &FormatKernels::blendColor>::Call,
+        .blendMask8 = FirstUse<kFormat, &FormatKernels::blendMask8>::Call,
+        .blendMask32 = FirstUse<kFormat, &FormatKernels::blendMask32>::Call,
+        .copy = FirstUse<kFormat, &FormatKernels::copy>::Call,
+        .copyKeyed = FirstUse<kFormat, &FormatKernels::copyKeyed>::Call,
+        .toWords = FirstUse<kFormat, &FormatKernels::toWords>::Call,
+        .fromWords = FirstUse<kFormat, &FormatKernels::fromWords>::Call,
+        .fromWordsKeyed = FirstUse<kFormat, &FormatKernels::fromWordsKeyed>::Call,
+        .blendWords = FirstUse<kFormat, &FormatKernels::blendWords>::Call,
+        .blendWordsScaled = FirstUse<kFormat, &FormatKernels::blendWordsScaled>::Call,
+        .toDisplay555 = FirstUse<kFormat, &FormatKernels::toDisplay555>::Call,
     };
 }
 
 constinit const RowKernels kFirstUse = {
     "not chosen yet",
-    {FirstUseKernels<Storage::None>(), FirstUseKernels<Storage::Grey8>(),
-     FirstUseKernels<Storage::Rgb565>(), FirstUseKernels<Storage::Color32>()},
+    {FirstUseKernels<PixelFormat::None>(), FirstUseKernels<PixelFormat::Grey8>(),
+     FirstUseKernels<PixelFormat::Rgb565>(), FirstUseKernels<PixelFormat::Color32>()},
     [](std::uint8_t* words, std::size_t n, std::uint32_t k) {
         ChooseKernels().scaleAlpha(words, n, k);
     }};

@@ -1,5 +1,5 @@
 // The table of row kernels: loops over rectangles of pixels, one set for each instruction set.
-// Kernels know storage formats and row pointers, never surfaces. Nobody clips or checks here: every
+// Kernels know formats and row pointers, never surfaces. Nobody clips or checks here: every
 // pixel named is trusted to exist.
 #ifndef GFX_SURFACE_ROWS_ROW_KERNELS_H
 #define GFX_SURFACE_ROWS_ROW_KERNELS_H
@@ -17,7 +17,7 @@ struct PixelRows {
     std::size_t x;
 };
 
-/// The kernels of one storage format. `Storage::None` has kernels that do nothing.
+/// The kernels of one format. `PixelFormat::None` has kernels that do nothing.
 ///
 /// A kernel that reads one set of rows while it writes another gives exact pixels only where the
 /// two do not share memory within a row. It stops at the first row where they do and returns the
@@ -65,13 +65,13 @@ struct FormatKernels {
 
 struct RowKernels {
     const char* name;
-    FormatKernels formats[kStorageCount];
+    FormatKernels formats[kPixelFormatCount];
 
     /// Replaces each word's opaque share s = 255 - alpha by min(255, s * k >> 8); k <= 65,536.
     void (*scaleAlpha)(std::uint8_t* words, std::size_t n, std::uint32_t k);
 
-    const FormatKernels& operator[](Storage storage) const {
-        return formats[static_cast<unsigned>(storage)];
+    const FormatKernels& operator[](PixelFormat format) const {
+        return formats[static_cast<unsigned>(format)];
     }
 };
 

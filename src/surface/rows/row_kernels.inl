@@ -1,4 +1,4 @@
-// Every row kernel once, as templates over the storage format and the vectors. Included by one file
+// Every row kernel once, as templates over the format and the vectors. Included by one file
 // for each instruction set, which defines `Wide` and `Narrow`, the vector wrappers for long and for
 // narrow rows, and IsNarrow, which tells them apart, before it includes this; see pixel_format.h
 // for why all of it is in an unnamed namespace.

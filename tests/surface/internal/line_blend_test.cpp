@@ -1,5 +1,5 @@
 // The vector blends of line pixels against the plain rule of a single pixel.
-#include "surface/line_blend.h"
+#include "surface/lines/line_blend.h"
 
 #include <gtest/gtest.h>
 

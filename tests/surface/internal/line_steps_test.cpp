@@ -1,5 +1,5 @@
 // The closed form of line steps against the recurrence that defines them.
-#include "surface/line_steps.h"
+#include "surface/lines/line_steps.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 #include <random>
 
 #include "surface/line_model.h"
-#include "surface/line_walk.h"
+#include "surface/lines/line_walk.h"
 
 namespace test {
 namespace {

@@ -29,14 +29,14 @@
 //
 // Measured: 1.1 us for an opaque line of 500 steps in 32 bits, clipped once, against 2.3 us with
 // the dots buffer and a clip test a pixel.
-#ifndef GFX_SURFACE_LINE_STEPS_H
-#define GFX_SURFACE_LINE_STEPS_H
+#ifndef GFX_SURFACE_LINES_LINE_STEPS_H
+#define GFX_SURFACE_LINES_LINE_STEPS_H
 
 #include <gfx/surface.h>
 
 #include <cstdint>
 
-#include "surface/line_walk.h"
+#include "surface/lines/line_walk.h"
 
 namespace gfx {
 
@@ -175,4 +175,4 @@ inline StepRange StepsAlong(const LineWalk& walk, Interval major) {
 
 }  // namespace gfx
 
-#endif  // GFX_SURFACE_LINE_STEPS_H
+#endif  // GFX_SURFACE_LINES_LINE_STEPS_H

@@ -2,8 +2,8 @@
 // of eight 16-bit lanes holds both pixels' channels: half the time of two blends one after the
 // other, and no branch for shares of none and all. Formats without a vector form take the plain
 // rule.
-#ifndef GFX_SURFACE_LINE_BLEND_H
-#define GFX_SURFACE_LINE_BLEND_H
+#ifndef GFX_SURFACE_LINES_LINE_BLEND_H
+#define GFX_SURFACE_LINES_LINE_BLEND_H
 
 #include <array>
 #include <cstdint>
@@ -197,4 +197,4 @@ private:
 }  // namespace
 }  // namespace gfx
 
-#endif  // GFX_SURFACE_LINE_BLEND_H
+#endif  // GFX_SURFACE_LINES_LINE_BLEND_H

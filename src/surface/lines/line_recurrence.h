@@ -3,8 +3,8 @@
 // The position is carried from step to step in double precision, and its rounding decides each
 // pixel. The build keeps compilers from fusing its multiplications and additions, and excess
 // precision is refused here: with either, some lines get other dots.
-#ifndef GFX_SURFACE_LINE_RECURRENCE_H
-#define GFX_SURFACE_LINE_RECURRENCE_H
+#ifndef GFX_SURFACE_LINES_LINE_RECURRENCE_H
+#define GFX_SURFACE_LINES_LINE_RECURRENCE_H
 
 #include <cfloat>
 #include <cstdint>
@@ -61,4 +61,4 @@ private:
 
 }  // namespace gfx
 
-#endif  // GFX_SURFACE_LINE_RECURRENCE_H
+#endif  // GFX_SURFACE_LINES_LINE_RECURRENCE_H

@@ -1,9 +1,9 @@
 // Plain lines, solid and dashed: one pixel a step. Only the visible stretch is walked.
 #include <gfx/surface.h>
 
-#include "surface/line_blend.h"
-#include "surface/line_recurrence.h"
-#include "surface/line_target.h"
+#include "surface/lines/line_blend.h"
+#include "surface/lines/line_recurrence.h"
+#include "surface/lines/line_target.h"
 
 using gfx::DashPattern;
 using gfx::FixedSteps;
@@ -59,7 +59,7 @@ bool PlotLine(const LineTarget& target, const LineWalk& walk, const Steps& steps
     pattern.ForEachRun(visible, [&](StepRange run) {
         isTouched = true;
         if (gfx::AlphaOf(color) == 255) return;
-        gfx::WithFormat(target.storage, [&]<class Format>(Format) {
+        gfx::WithFormat(target.format, [&]<class Format>(Format) {
             PlotVisible<Format>(target, walk, steps, run, color);
         });
     });
@@ -86,7 +86,7 @@ void GfxSurface::DrawLine(int x0, int y0, int x1, int y1, unsigned int color,
         return RectFillBlend(walk.majorStart, walk.minorStart, walk.steps + 1, 1, color);
     }
     const LineTarget target{
-        lines, pitch, gfx::StorageOf(depth, pixelShift, lines), {clipX0, clipX1}, {clipY0, clipY1}};
+        lines, pitch, gfx::FormatOf(depth, pixelShift, lines), {clipX0, clipX1}, {clipY0, clipY1}};
     const bool isInside = IsInsideClip(x0, y0) && IsInsideClip(x1, y1);  // and so all between
     const auto plot = [&](const auto& steps, StepRange visible) {
         if (PlotLine(target, walk, steps, visible, color, dashes)) empty = false;

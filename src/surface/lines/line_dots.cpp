@@ -3,7 +3,7 @@
 
 #include <climits>
 
-#include "surface/line_recurrence.h"
+#include "surface/lines/line_recurrence.h"
 
 using gfx::RecurringSteps;
 

@@ -2,8 +2,8 @@
 // colour by how far the exact line lies between them.
 #include <gfx/surface.h>
 
-#include "surface/line_blend.h"
-#include "surface/line_target.h"
+#include "surface/lines/line_blend.h"
+#include "surface/lines/line_target.h"
 
 using gfx::DashPattern;
 using gfx::FixedSteps;
@@ -108,7 +108,7 @@ bool PlotInnerRuns(const LineTarget& target, const LineWalk& walk, const Steps& 
     bool isDrawn = false;
     pattern.ForEachRun(range, [&](StepRange run) {
         isDrawn = true;
-        gfx::WithFormat(target.storage, [&]<class Format>(Format) {
+        gfx::WithFormat(target.format, [&]<class Format>(Format) {
             PlotInner<Format>(target, walk, steps, run, color);
         });
     });
@@ -179,7 +179,7 @@ void GfxSurface::DrawAALine(int x0, int y0, int x1, int y1, unsigned int color,
         return;
     }
     const LineTarget target{
-        lines, pitch, gfx::StorageOf(depth, pixelShift, lines), {clipX0, clipX1}, {clipY0, clipY1}};
+        lines, pitch, gfx::FormatOf(depth, pixelShift, lines), {clipX0, clipX1}, {clipY0, clipY1}};
     const bool hasClosedForm = FixedSteps::ServesSmooth(walk);
     const int farX = walk.isAlongX ? 0 : 1;
     const int farY = 1 - farX;

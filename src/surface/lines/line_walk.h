@@ -1,7 +1,7 @@
 // What both line drawers share: the axis, the order of the endpoints, the length limit and the
 // phase of a dash pattern.
-#ifndef GFX_SURFACE_LINE_WALK_H
-#define GFX_SURFACE_LINE_WALK_H
+#ifndef GFX_SURFACE_LINES_LINE_WALK_H
+#define GFX_SURFACE_LINES_LINE_WALK_H
 
 #include <climits>
 #include <cstdint>
@@ -116,4 +116,4 @@ private:
 
 }  // namespace gfx
 
-#endif  // GFX_SURFACE_LINE_WALK_H
+#endif  // GFX_SURFACE_LINES_LINE_WALK_H

@@ -1,12 +1,12 @@
 // What a line is drawn on: rows, format and clip rectangle, as values. Finds the visible stretch of
 // a line and walks it; what is plotted at each step is the drawers' own.
-#ifndef GFX_SURFACE_LINE_TARGET_H
-#define GFX_SURFACE_LINE_TARGET_H
+#ifndef GFX_SURFACE_LINES_LINE_TARGET_H
+#define GFX_SURFACE_LINES_LINE_TARGET_H
 
 #include <cstdint>
 
-#include "surface/line_steps.h"
-#include "surface/line_walk.h"
+#include "surface/lines/line_steps.h"
+#include "surface/lines/line_walk.h"
 #include "surface/pixel_format.h"
 
 namespace gfx {
@@ -14,7 +14,7 @@ namespace gfx {
 struct LineTarget {
     std::uint8_t* const* lines;
     std::uint32_t pitch;
-    Storage storage;
+    PixelFormat format;
     Interval columns, rows;  // the clip rectangle
 
     const Interval& Major(const LineWalk& walk) const { return walk.isAlongX ? columns : rows; }
@@ -70,4 +70,4 @@ inline void WalkSteps(const LineWalk& walk, const Steps& steps, StepRange range,
 
 }  // namespace gfx
 
-#endif  // GFX_SURFACE_LINE_TARGET_H
+#endif  // GFX_SURFACE_LINES_LINE_TARGET_H
