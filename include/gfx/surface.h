@@ -105,6 +105,15 @@ public:
     /// that misses the surface gives an empty range at 0.
     void SetClipRect(int x, int y, unsigned int w, unsigned int h);
 
+    /// Delivers the clip rectangle; SetClipRect with these values restores it, as long as it lies
+    /// inside the logical size.
+    void GetClipRect(int& x, int& y, unsigned int& w, unsigned int& h) const {
+        x = clipX0;
+        y = clipY0;
+        w = static_cast<unsigned int>(clipX1) - static_cast<unsigned int>(clipX0);
+        h = static_cast<unsigned int>(clipY1) - static_cast<unsigned int>(clipY0);
+    }
+
     /// Sets the clip rectangle to the whole logical size.
     void ResetClipRect();
 

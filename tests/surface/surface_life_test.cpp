@@ -271,5 +271,27 @@ TEST(SurfaceLife, SetClipRect_stays_inside_for_every_class_of_argument) {
     }
 }
 
+TEST(SurfaceLife, SetClipRect_restores_what_GetClipRect_delivered) {
+    static constexpr Rect kClips[] = {{0, 0, 40, 30}, {3, 4, 5, 6},   {-9, 2, 20, 99},
+                                      {39, 29, 1, 1}, {12, 0, 0, 30}, {90, 5, 3, 3},
+                                      {0, 30, 40, 2}, {-5, -5, 2, 2}};
+    for (const unsigned w : {40U, 0U}) {
+        for (const Rect& clip : kClips) {
+            ProbeSurface s(8);
+            s.Initialise(w, 30);
+            s.SetClipRect(clip.x, clip.y, clip.w, clip.h);
+            const std::vector<std::int64_t> before = Layout(s);
+            int x, y;
+            unsigned clipW, clipH;
+            s.GetClipRect(x, y, clipW, clipH);
+            EXPECT_EQ(s.clipX1, x + static_cast<int>(clipW)) << "clip at " << clip.x;
+            EXPECT_EQ(s.clipY1, y + static_cast<int>(clipH)) << "clip at " << clip.y;
+            s.ResetClipRect();
+            s.SetClipRect(x, y, clipW, clipH);
+            EXPECT_EQ(before, Layout(s)) << "clip at " << clip.x << ", " << clip.y;
+        }
+    }
+}
+
 }  // namespace
 }  // namespace test
