@@ -10,6 +10,10 @@
 
 class GfxFontCache;
 
+namespace gfx {
+struct SurfaceView;
+}
+
 /// A rectangle of pixels, 0 to 32 bits deep, in memory of its own or over memory of the host.
 ///
 /// Colours are 32-bit words 0xAARRGGBB whose alpha counts transparency: 0 is opaque, 255 invisible.
@@ -385,35 +389,7 @@ protected:
     std::uint32_t transparentColor;  ///< colour key, a whole colour word
 
 private:
-    struct GFX_INTERNAL Transfer;  // a copy or blend between two surfaces on its way
-
-    /// RectCopy where formats differ, a colour key is on, or the source may repeat.
-    void CopyConverted(int x, int y, unsigned int w, unsigned int h, int srcX, int srcY,
-                       const GfxSurface& from, bool tile);
-
-    /// RectCopy of a single pixel without a colour key.
-    void CopyPixel(int x, int y, int srcX, int srcY, const GfxSurface& from);
-
-    bool IsInsideClip(int x, int y) const {
-        return x >= clipX0 && x < clipX1 && y >= clipY0 && y < clipY1;
-    }
-
-    /// Whether drawing neither writes nor reads here: depths 0 and 1, and surfaces without memory.
-    bool StoresNothing() const;
-
-    /// One of the two reductions of a row of colour words to bits.
-    using BitReduction = void (GfxSurface::*)(MemoryPtr colorRow, unsigned char* bits,
-                                              unsigned int x, unsigned int n) const;
-
-    /// What RectExtractMono and RectExtractMonoAlpha share.
-    void ReduceToBits(int x, int y, unsigned int w, unsigned int h, int bufX, int bufY,
-                      unsigned char* buffer, unsigned int bufPitch, BitReduction reduce) const;
-
-    /// Fills the dots buffer, which is obtained first where there is none; see ComputeLineDotsDX.
-    void ComputeLineDots(std::uint32_t minorStart, unsigned int stepCount, int rise, double offset);
-
-    /// After a failed Initialise: no memory, all sizes and the clip rectangle 0.
-    void DropMemory();
+    friend struct gfx::SurfaceView;  // the inside, as the library's own code sees it
 };
 
 #endif  // GFX_SURFACE_H

@@ -19,6 +19,12 @@ inline std::uint8_t* BytesOf(GfxSurface::MemoryPtr row) {
     return bytes;
 }
 
+inline GfxSurface::MemoryPtr PointerTo(std::uint8_t* bytes) {
+    GfxSurface::MemoryPtr row;
+    row.ptr8 = bytes;
+    return row;
+}
+
 inline std::uint32_t LoadWord(const std::uint8_t* words, std::size_t i) {
     return LoadPixel<Color32>(words, i);
 }

@@ -94,8 +94,17 @@ void Model::ResetClipRect() {
 }
 
 void Model::Clear() {
-    if (hasMemory) std::fill_n(bytes.begin(), std::size_t{pitch} * dy, std::uint8_t{0});
     empty = true;
+    if (!hasMemory) return;
+    // The rows of a smaller size are the last ones in memory: only they are cleared.
+    if (bottomUp && dy < allocDY) {
+        const std::size_t row = depth == 1 ? (allocDX + 7) / 8 : allocDX * bytesPerPixel;
+        for (unsigned y = 0; y < dy; ++y)
+            std::fill_n(bytes.begin() + static_cast<std::ptrdiff_t>(At(0, y)), row,
+                        std::uint8_t{0});
+        return;
+    }
+    std::fill_n(bytes.begin(), std::size_t{pitch} * dy, std::uint8_t{0});
 }
 
 std::size_t Model::At(std::int64_t x, std::int64_t y) const {
@@ -205,7 +214,7 @@ void Model::RunMono(int x, int y, unsigned n, Word color, const std::uint8_t* bi
     }
 }
 
-const char* Model::Line(Point from, Point to, Word color, Dashes dashes, bool smooth) {
+const char* Model::Line(Point from, Point to, Word color, Dashes dashes, bool isAntiAliased) {
     const std::int64_t extentX = std::llabs(std::int64_t{to.x} - from.x);
     const std::int64_t extentY = std::llabs(std::int64_t{to.y} - from.y);
     const bool alongX = extentX >= extentY;
@@ -219,7 +228,7 @@ const char* Model::Line(Point from, Point to, Word color, Dashes dashes, bool sm
     const std::int64_t major = alongX ? from.x : from.y, minor = alongX ? from.y : from.x;
     const auto rise = static_cast<int>((alongX ? to.y : to.x) - minor);
     const std::vector<ModelDot> dots =
-        ModelDots(minor, static_cast<unsigned>(steps), rise, smooth ? 0.0 : 0.5);
+        ModelDots(minor, static_cast<unsigned>(steps), rise, isAntiAliased ? 0.0 : 0.5);
     const auto plot = [&](std::int64_t i, std::int64_t at, Word paint) {
         alongX ? SetPixelBlend(major + i, at, paint) : SetPixelBlend(at, major + i, paint);
     };
@@ -228,7 +237,7 @@ const char* Model::Line(Point from, Point to, Word color, Dashes dashes, bool sm
     for (std::int64_t i = 0; i <= steps; ++i) {
         const ModelDot& dot = dots[static_cast<std::size_t>(i)];
         if (!walk.NextIsDrawn()) continue;
-        if (!smooth) {
+        if (!isAntiAliased) {
             plot(i, dot.minor, color);
             continue;
         }

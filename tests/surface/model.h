@@ -72,7 +72,7 @@ struct Model {
     void ExtractMono(const Rect& r, Point at, std::uint8_t* buffer, unsigned bufPitch,
                      bool fromAlpha) const;
     /// The text of the failure, or null.
-    const char* Line(Point from, Point to, Word color, Dashes dashes, bool smooth);
+    const char* Line(Point from, Point to, Word color, Dashes dashes, bool isAntiAliased);
     void Blit(unsigned x, unsigned y, unsigned w, unsigned h, std::uint8_t* dest,
               unsigned destPitch, bool to555) const;
 

@@ -167,22 +167,22 @@ void Line(World& w) {
     for (unsigned short& run : pattern)
         run = static_cast<unsigned short>(w.OneIn(5) ? 0 : w.Between(1, 9));
     const Dashes dashes{w.OneIn(3) ? nullptr : pattern, w.Between(-1, 5)};
-    const bool smooth = w.OneIn(2);
-    w.Say(smooth ? "DrawAALine" : "DrawLine", w.Name(t), from, to, c, dashes.count, pattern[0],
-          pattern[1], pattern[2], pattern[3], pattern[4], dashes.pattern == nullptr);
+    const bool isAntiAliased = w.OneIn(2);
+    w.Say(isAntiAliased ? "DrawAALine" : "DrawLine", w.Name(t), from, to, c, dashes.count,
+          pattern[0], pattern[1], pattern[2], pattern[3], pattern[4], dashes.pattern == nullptr);
     std::string failure;
     try {
         if (dashes.pattern == nullptr && dashes.count > 2)
-            smooth ? t.real->DrawAALine(from.x, from.y, to.x, to.y, c)
-                   : t.real->DrawLine(from.x, from.y, to.x, to.y, c);
-        else if (smooth)
+            isAntiAliased ? t.real->DrawAALine(from.x, from.y, to.x, to.y, c)
+                          : t.real->DrawLine(from.x, from.y, to.x, to.y, c);
+        else if (isAntiAliased)
             t.real->DrawAALine(from.x, from.y, to.x, to.y, c, dashes.pattern, dashes.count);
         else
             t.real->DrawLine(from.x, from.y, to.x, to.y, c, dashes.pattern, dashes.count);
     } catch (const char* text) {
         failure = text;
     }
-    const char* expected = t.model.Line(from, to, c, dashes, smooth);
+    const char* expected = t.model.Line(from, to, c, dashes, isAntiAliased);
     w.Expect("failure is '" + failure + "'", 1, failure == (expected == nullptr ? "" : expected));
 }
 

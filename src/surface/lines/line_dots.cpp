@@ -31,9 +31,9 @@ RecurringSteps StepsFrom(std::uint32_t start, double offset, int rise, unsigned 
 
 }  // namespace
 
-void GfxSurface::ComputeLineDots(std::uint32_t minorStart, unsigned int stepCount, int rise,
-                                 double offset) {
-    RecurringSteps steps = StepsFrom(minorStart, LimitedOffset(offset), rise, stepCount);
+void GfxSurface::ComputeLineDotsDX(unsigned int, unsigned int y0, unsigned int stepCount, int rise,
+                                   double offset) {
+    RecurringSteps steps = StepsFrom(y0, LimitedOffset(offset), rise, stepCount);
     if (dots == nullptr) AllocDotsBuffer();
     LineDot* dot = dots;
     for (unsigned i = 0; i < stepCount; ++i, ++dot) {
@@ -43,12 +43,7 @@ void GfxSurface::ComputeLineDots(std::uint32_t minorStart, unsigned int stepCoun
     *dot = {steps.Minor(), steps.Fraction()};
 }
 
-void GfxSurface::ComputeLineDotsDX(unsigned int, unsigned int y0, unsigned int stepCount, int rise,
-                                   double offset) {
-    ComputeLineDots(y0, stepCount, rise, offset);
-}
-
-void GfxSurface::ComputeLineDotsDY(unsigned int x0, unsigned int, int rise, unsigned int stepCount,
-                                   double offset) {
-    ComputeLineDots(x0, stepCount, rise, offset);
+void GfxSurface::ComputeLineDotsDY(unsigned int x0, unsigned int y0, int rise,
+                                   unsigned int stepCount, double offset) {
+    ComputeLineDotsDX(y0, x0, stepCount, rise, offset);
 }

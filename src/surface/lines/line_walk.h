@@ -20,10 +20,9 @@ struct LineWalk {
     unsigned extent;  // how far the minor coordinate moves over all steps, at most `steps`
     bool isRising;
 
-    /// Parallel to an axis, and far enough from the end of the coordinates for a rectangle around
-    /// it and its neighbour.
-    bool IsStraight() const {
-        return extent == 0 && minorStart < INT_MAX - 1 &&
+    /// Parallel to y, and far enough from the end of the coordinates for a rectangle around it.
+    bool IsUpright() const {
+        return extent == 0 && !isAlongX &&
                steps < static_cast<unsigned>(INT_MAX) - static_cast<unsigned>(majorStart);
     }
 
@@ -44,10 +43,9 @@ struct RowSpan {
     unsigned length;
 };
 
-/// A level line as the row of pixels that it is. Most lines that a host draws are level or upright,
-/// and to see it before anything else saves a sixth of 500 pixels in 32 bits. Length 0: the line is
-/// not level, or it is one of the seldom ones, a single pixel, a line too long or at the end of the
-/// coordinates, that are left to those who draw any line.
+/// A level line as the row of pixels that it is. Most lines that a host draws are level or upright:
+/// it is looked for before anything else. Length 0: the line is not level, or one of the rare ones,
+/// a single pixel, a line too long or at the end of the coordinates, that the general way serves.
 inline RowSpan LevelRow(int x0, int y0, int x1, int y1, unsigned limit) {
     const unsigned steps = Extent(x0, x1);
     const int left = x0 < x1 ? x0 : x1;

@@ -1,0 +1,81 @@
+// The inside of a surface as the library's own code sees it: the format it takes part in drawing
+// with, its clip rectangle, its rows. Changes no pixel: what draws stands in the operations.
+#ifndef GFX_SURFACE_SURFACE_VIEW_H
+#define GFX_SURFACE_SURFACE_VIEW_H
+
+#include <gfx/surface.h>
+
+#include "surface/clip.h"
+#include "surface/row_pointer.h"
+#include "surface/rows/row_dispatch.h"
+
+namespace gfx {
+
+// Display memory and the runs that a host supplies serve surfaces that keep colours. Overloads, so
+// that a new format has to say what it is.
+constexpr bool KeepsColor(Grey8) { return false; }
+constexpr bool KeepsColor(Rgb565) { return true; }
+constexpr bool KeepsColor(Color32) { return true; }
+
+/// A reference and nothing else: the compiler sees through it.
+struct SurfaceView {
+    const GfxSurface& surface;
+
+    /// The format of the pixels, whether or not there are any. Depths 0 and 1 have none: their bits
+    /// can only be kept. Every other format follows from its bytes per pixel.
+    PixelFormat FormatOfPixels() const {
+        if (surface.pixelShift == 2) [[likely]] {
+            return PixelFormat::Color32;
+        }
+        if (surface.pixelShift == 1) [[likely]] {
+            return PixelFormat::Rgb565;
+        }
+        return surface.depth <= 1 ? PixelFormat::None : PixelFormat::Grey8;
+    }
+
+    /// The format in which the surface takes part in drawing. One without rows does not: None is
+    /// drawn on without effect and draws nothing as a source.
+    PixelFormat Format() const {
+        return surface.lines == nullptr ? PixelFormat::None : FormatOfPixels();
+    }
+
+    const FormatKernels& KernelsOfPixels() const { return Kernels()[FormatOfPixels()]; }
+
+    ClipBounds Clip() const {
+        return {surface.clipX0, surface.clipY0, surface.clipX1, surface.clipY1};
+    }
+
+    // Rows and columns are trusted to exist, and to have a format.
+
+    std::uint8_t* Row(std::int64_t y) const { return surface.lines[y]; }
+    PixelRows Rows(std::int64_t x, std::int64_t y) const {
+        return {surface.lines + y, static_cast<std::size_t>(x)};
+    }
+    std::uint8_t* ScratchRow() const { return reinterpret_cast<std::uint8_t*>(surface.rgbLine); }
+
+    /// Bytes of a run of pixels.
+    std::size_t BytesOfPixels(std::size_t n) const { return n << surface.pixelShift; }
+
+    /// Pixels x .. x + n - 1 of row y to colour words.
+    void ToWords(std::int64_t y, unsigned x, unsigned n, std::uint8_t* words) const {
+        surface.ConvertToRGB(PointerTo(Row(y)), PointerTo(words), x, n);
+    }
+
+    /// The same, the columns wrapping at the surface's width.
+    void TileToWords(std::int64_t y, unsigned x, unsigned n, std::uint8_t* words) const {
+        surface.ConvertTileToRGB(PointerTo(Row(y)), PointerTo(words), x, n);
+    }
+
+    /// Gives a surface a size and, by obtainPixels(), pixel memory and all that belongs to it; what
+    /// it held is released. Stands with the surface's life.
+    template <class ObtainPixels>
+    static void LayOut(GfxSurface& surface, unsigned w, unsigned h, std::uint64_t pitch,
+                       ObtainPixels obtainPixels);
+
+    bool HasKey() const { return surface.transparent; }
+    std::uint32_t Key() const { return surface.transparentColor; }
+};
+
+}  // namespace gfx
+
+#endif  // GFX_SURFACE_SURFACE_VIEW_H
