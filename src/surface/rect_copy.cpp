@@ -29,7 +29,9 @@ StoredKey StoredKeyOf(PixelFormat format, std::uint32_t key, std::uint32_t surfa
 
 /// Copies where formats differ, a colour key is on, or the source may repeat. Apart from RectCopy,
 /// and kept so, because the saving of its registers is felt by small copies.
-[[gnu::noinline]] void CopyConverted(GfxSurface& on, Transfer transfer, bool tile) {
+[[gnu::noinline]] void CopyConverted(GfxSurface& on, const GfxSurface& src, int x, int y,
+                                     unsigned w, unsigned h, int srcX, int srcY, bool tile) {
+    Transfer transfer{{on}, {src}, {x, y, w, h, srcX, srcY}};
     if (!transfer.Frame(tile)) return;
     on.SetEmpty(false);
     if (!transfer.IsDrawable()) return;
@@ -44,7 +46,7 @@ StoredKey StoredKeyOf(PixelFormat format, std::uint32_t key, std::uint32_t surfa
     const std::uint32_t alpha = from.surface.Alpha();
     const StoredKey key = to.HasKey() ? StoredKeyOf(source, to.Key(), alpha) : StoredKey{};
     const WriteStep step =
-        key.exists ? WriteStep(own.fromWordsKeyed, to.Key()) : WriteStep(own.fromWords);
+        key.exists ? WriteStep{nullptr, own.fromWordsKeyed, to.Key()} : WriteStep{own.fromWords};
     if (source == target && !key.exists) {
         if (!transfer.wraps) {
             return own.copy(transfer.Target(), transfer.Source(), rect.w, rect.h,
@@ -89,8 +91,10 @@ void GfxSurface::RectCopy(int x, int y, unsigned int w, unsigned int h, int srcX
     const bool isPlain = !tile && !transparent && format == from.Format();
     // First of all: what follows saves many registers.
     if (w == 1 && h == 1 && isPlain) return CopyPixel(*this, x, y, srcX, srcY, from);
+    if (!isPlain || format == PixelFormat::None) {
+        return CopyConverted(*this, from.surface, x, y, w, h, srcX, srcY, tile);
+    }
     Transfer transfer{to, from, {x, y, w, h, srcX, srcY}};
-    if (!isPlain || format == PixelFormat::None) return CopyConverted(*this, transfer, tile);
     if (!transfer.Frame(false)) return;
     empty = false;
     gfx::Kernels()[format].copy(transfer.Target(), transfer.Source(), transfer.rect.w,
@@ -103,7 +107,7 @@ void GfxSurface::RectBlend(int x, int y, unsigned int w, unsigned int h, int src
     if (!transfer.Frame(tile)) return;
     empty = false;
     if (!transfer.IsDrawable()) return;
-    transfer.WriteWords(WriteStep(gfx::Kernels()[transfer.to.Format()].blendWords));
+    transfer.WriteWords({gfx::Kernels()[transfer.to.Format()].blendWords});
 }
 
 void GfxSurface::RectBlendAlpha(int x, int y, unsigned int w, unsigned int h, int srcX, int srcY,
@@ -115,8 +119,8 @@ void GfxSurface::RectBlendAlpha(int x, int y, unsigned int w, unsigned int h, in
     const gfx::FormatKernels& kernels = gfx::Kernels()[transfer.to.Format()];
     const std::uint32_t scale = gfx::OpacityScale(transparency);
     if (scale <= gfx::kUnitOpacityScale) {
-        return transfer.WriteWords({kernels.blendWordsScaled, scale});
+        return transfer.WriteWords({nullptr, kernels.blendWordsScaled, scale});
     }
     // More opaque than it is: rare, and its products leave the 16 bits of the direct way.
-    transfer.ThroughScratchRow(WriteStep(kernels.blendWords), 0, scale);
+    transfer.ThroughScratchRow({kernels.blendWords}, 0, scale);
 }

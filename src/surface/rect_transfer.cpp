@@ -1,37 +1,37 @@
 #include "surface/rect_transfer.h"
 
 #include <algorithm>
-#include <functional>
 
 namespace gfx {
 namespace {
 
-/// Addresses as numbers: rows of different blocks are compared.
-std::uintptr_t AddressOf(const std::uint8_t* bytes) {
-    return reinterpret_cast<std::uintptr_t>(bytes);
-}
+/// Some pixels of each of some rows, as addresses: rows of different blocks are compared.
+struct Block {
+    PixelRows rows;
+    unsigned h;          // > 0
+    std::size_t offset;  // of the pixels in their rows, in bytes
+    std::size_t size;    // of a row's pixels
 
-/// The memory from the first byte of some rows to behind the last one.
-struct Span {
-    std::uintptr_t begin, end;
-};
+    Block(const SurfaceView& view, PixelRows where, unsigned w, unsigned height)
+        : rows(where),
+          h(height),
+          offset(view.BytesOfPixels(where.x)),
+          size(view.BytesOfPixels(w)) {}
 
-bool AreApart(const Span& a, const Span& b) { return a.end <= b.begin || b.end <= a.begin; }
-
-/// Of w x h pixels, h > 0, in whatever order their rows lie.
-Span SpanOf(const SurfaceView& view, PixelRows rows, unsigned w, unsigned h) {
-    const auto [first, last] = std::minmax_element(rows.lines, rows.lines + h, std::less<>{});
-    const std::size_t begin = view.BytesOfPixels(rows.x);
-    return {AddressOf(*first) + begin, AddressOf(*last) + begin + view.BytesOfPixels(w)};
-}
-
-/// Whether each of h rows of `size` bytes lies behind the one before.
-bool AreInOrder(PixelRows rows, unsigned h, std::size_t size) {
-    for (unsigned y = 1; y < h; ++y) {
-        if (AddressOf(rows.lines[y]) < AddressOf(rows.lines[y - 1]) + size) return false;
+    std::uintptr_t Row(unsigned y) const {
+        return reinterpret_cast<std::uintptr_t>(rows.lines[y]) + offset;
     }
-    return true;
-}
+    std::uintptr_t Begin() const { return Row(0); }
+    std::uintptr_t End() const { return Row(h - 1) + size; }
+
+    /// Whether each row begins at least `distance` bytes behind the one before.
+    bool IsInOrder(std::size_t distance) const {
+        for (unsigned y = 1; y < h; ++y) {
+            if (Row(y) < Row(y - 1) + distance) return false;
+        }
+        return true;
+    }
+};
 
 }  // namespace
 
@@ -62,10 +62,10 @@ void Transfer::ThroughScratchRow(const WriteStep& step, unsigned done,
 }
 
 bool Transfer::AreRowsApart() const {
-    const PixelRows target = Target();
-    return AreInOrder(target, rect.h, to.BytesOfPixels(rect.w)) &&
-           AreApart(SpanOf(to, target, rect.w, rect.h),
-                    SpanOf(from, from.Rows(0, 0), from.surface.DX(), from.surface.DY()));
+    const Block target(to, Target(), rect.w, rect.h);
+    const Block source(from, from.Rows(0, 0), from.surface.DX(), from.surface.DY());
+    return target.IsInOrder(target.size) && source.IsInOrder(0) &&
+           (target.End() <= source.Begin() || source.End() <= target.Begin());
 }
 
 void Transfer::CopyTiles(const FormatKernels& kernels) const {

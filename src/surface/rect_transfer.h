@@ -11,24 +11,15 @@ namespace gfx {
 
 /// What happens to colour words on their way into the target: one kernel of its format, with or
 /// without an argument (a key, a scale).
-class WriteStep {
-public:
-    using Plain = unsigned (*)(PixelRows to, PixelRows words, unsigned w, unsigned h);
-    using Keyed = unsigned (*)(PixelRows to, PixelRows words, unsigned w, unsigned h,
-                               std::uint32_t value);
-
-    explicit WriteStep(Plain kernel) : plain_(kernel), isKeyed_(false) {}
-    WriteStep(Keyed kernel, std::uint32_t value) : keyed_(kernel), value_(value), isKeyed_(true) {}
+struct WriteStep {
+    unsigned (*plain)(PixelRows to, PixelRows words, unsigned w, unsigned h) = nullptr;
+    unsigned (*withValue)(PixelRows to, PixelRows words, unsigned w, unsigned h,
+                          std::uint32_t value) = nullptr;
+    std::uint32_t value = 0;
 
     unsigned operator()(PixelRows to, PixelRows words, unsigned w, unsigned h) const {
-        return isKeyed_ ? keyed_(to, words, w, h, value_) : plain_(to, words, w, h);
+        return plain != nullptr ? plain(to, words, w, h) : withValue(to, words, w, h, value);
     }
-
-private:
-    Plain plain_ = nullptr;
-    Keyed keyed_ = nullptr;
-    std::uint32_t value_ = 0;
-    bool isKeyed_;
 };
 
 /// A copy or blend between two surfaces on its way.
@@ -68,8 +59,8 @@ struct Transfer {
     /// needs rows that are apart.
     void CopyTiles(const FormatKernels& kernels) const;
 
-    /// Whether no row of the target shares memory with another or with a row of the source. Only
-    /// rows that follow each other in memory are seen to be so.
+    /// Whether no row of the target shares memory with another or with a row of the source. Rows
+    /// that lie in another order than their own count as not apart.
     bool AreRowsApart() const;
 };
 

@@ -159,41 +159,28 @@ bool IsTouchCertain(const AALine& line, const VisibleSteps& visible) {
     return line.walk.isRising || (!visible.inner.IsEmpty() && line.dashes.IsSolid());
 }
 
-/// Counts a rectangle as drawn on without a change of its pixels.
-void Touch(GfxSurface& surface, int x, int y, unsigned w, unsigned h) {
-    constexpr std::uint32_t kInvisible = 0xFF000000;
-    surface.RectFillBlend(x, y, w, h, kInvisible);
-}
-
 }  // namespace
 
 void GfxSurface::DrawAALine(int x0, int y0, int x1, int y1, unsigned int color) {
+    // A line along an axis gives all of its colour to the near pixels. The far ones stay as they
+    // are but count as drawn on, which is to be seen while the surface is empty.
+    if (!empty && dots != nullptr) {
+        const std::uint32_t near = LineColor(color).WholeNear();
+        const gfx::RowSpan row = gfx::LevelRow(x0, y0, x1, y1, MAX_LINE_LENGTH);
+        if (row.length != 0) return RectFillBlend(row.x, y0, row.length, 1, near);
+        if (x0 == x1 && y0 != y1) return DrawLine(x0, y0, x1, y1, near);
+    }
     DrawAALine(x0, y0, x1, y1, color, nullptr, 0);
 }
 
-// A solid line along an axis gives all of its colour to the near pixels. The far ones stay as they
-// are but count as drawn on, which matters only where no near one was visible.
 void GfxSurface::DrawAALine(int x0, int y0, int x1, int y1, unsigned int color,
                             const unsigned short* pattern, int count) {
-    const DashPattern dashes{pattern, count};
-    const LineColor lineColor(color);
-    const gfx::RowSpan row = gfx::LevelRow(x0, y0, x1, y1, MAX_LINE_LENGTH);
-    if (row.length != 0 && dashes.IsSolid() && dots != nullptr) {
-        RectFillBlend(row.x, y0, row.length, 1, lineColor.WholeNear());
-        if (empty) Touch(*this, row.x, gfx::NextTo(y0), row.length, 1);
-        return;
-    }
     const LineWalk walk = gfx::WalkOf(x0, y0, x1, y1);
     if (walk.steps == 0) return SetPixelRGBBlend(x0, y0, color);
     CheckLength(walk, MAX_LINE_LENGTH);
     // For every line: whether one can be drawn must not depend on its slope.
     if (dots == nullptr) AllocDotsBuffer();
-    if (walk.IsUpright() && dashes.IsSolid()) {
-        DrawLine(x0, y0, x1, y1, lineColor.WholeNear());
-        if (empty) Touch(*this, gfx::NextTo(x0), walk.majorStart, 1, walk.steps + 1);
-        return;
-    }
-    const AALine line{LineTarget({*this}), walk, lineColor, dashes};
+    const AALine line{LineTarget({*this}), walk, LineColor(color), {pattern, count}};
     if (FixedSteps::ServesAntiAliased(walk)) {
         const FixedSteps steps = FixedSteps::AntiAliased(walk);
         if (line.IsInside(x0, y0, x1, y1)) {

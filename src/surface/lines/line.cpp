@@ -60,16 +60,14 @@ bool PlotLine(const LineTarget& target, const LineWalk& walk, const Steps& steps
 }  // namespace
 
 void GfxSurface::DrawLine(int x0, int y0, int x1, int y1, unsigned int color) {
+    const gfx::RowSpan row = gfx::LevelRow(x0, y0, x1, y1, MAX_LINE_LENGTH);
+    if (row.length != 0 && dots != nullptr) return RectFillBlend(row.x, y0, row.length, 1, color);
     DrawLine(x0, y0, x1, y1, color, nullptr, 0);
 }
 
 void GfxSurface::DrawLine(int x0, int y0, int x1, int y1, unsigned int color,
                           const unsigned short* pattern, int count) {
     const DashPattern dashes{pattern, count};
-    const gfx::RowSpan row = gfx::LevelRow(x0, y0, x1, y1, MAX_LINE_LENGTH);
-    if (row.length != 0 && dashes.IsSolid() && dots != nullptr) {
-        return RectFillBlend(row.x, y0, row.length, 1, color);
-    }
     const LineWalk walk = gfx::WalkOf(x0, y0, x1, y1);
     if (walk.steps == 0) return SetPixelRGBBlend(x0, y0, color);
     CheckLength(walk, MAX_LINE_LENGTH);

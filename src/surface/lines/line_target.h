@@ -3,6 +3,7 @@
 #ifndef GFX_SURFACE_LINES_LINE_TARGET_H
 #define GFX_SURFACE_LINES_LINE_TARGET_H
 
+#include <algorithm>
 #include <cstdint>
 
 #include "surface/lines/line_steps.h"
@@ -27,21 +28,29 @@ private:
     Interval Rows() const { return {clip.y0, clip.y1}; }
 };
 
-/// A dash pattern, or a solid line.
+/// A dash pattern along a line's steps, or a solid line: null, no entries, or a first run of 0. An
+/// entry of 0 is a run of no steps, but turns the phase all the same; after the last entry the
+/// pattern goes on at entry 0 without a restart of the phase.
 struct DashPattern {
     const unsigned short* runs;
     int count;
 
-    bool IsSolid() const { return DashRuns::IsSolid(runs, count); }
+    bool IsSolid() const { return runs == nullptr || count == 0 || runs[0] == 0; }
 
     /// Calls draw(range) for each drawn stretch of a range.
     template <class Draw>
     void ForEachRun(StepRange range, Draw draw) const {
         if (range.IsEmpty()) return;
         if (IsSolid()) return draw(range);
-        DashRuns(runs, count).ForEach(range.first, range.last, [&](unsigned first, unsigned last) {
-            draw(StepRange{first, last});
-        });
+        unsigned begin = 0;
+        bool isDrawn = true;
+        for (int entry = 0; begin < range.last; isDrawn = !isDrawn) {
+            const unsigned end = begin + runs[entry];
+            const StepRange run{std::max(begin, range.first), std::min(end, range.last)};
+            if (isDrawn && !run.IsEmpty()) draw(run);
+            begin = end;
+            entry = entry + 1 < count ? entry + 1 : 0;
+        }
     }
 };
 
