@@ -23,7 +23,6 @@ struct ClipBounds {
 
     bool HoldsColumn(int x) const { return x >= x0 && x < x1; }
     bool HoldsRow(int y) const { return y >= y0 && y < y1; }
-    bool Holds(int x, int y) const { return HoldsColumn(x) && HoldsRow(y); }
 };
 
 /// The coordinate behind one. Behind the last comes the first, which no clip rectangle holds.

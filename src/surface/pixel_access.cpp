@@ -43,7 +43,7 @@ std::uint32_t Pack(const Channels& color) {
 
 void GfxSurface::SetPixelRGB(int x, int y, unsigned int color) {
     const SurfaceView view{*this};
-    if (!view.Clip().Holds(x, y)) return;
+    if (!view.Holds(x, y)) return;
     empty = false;
     gfx::WithFormat(view.Format(), [&]<class Format>(Format) {
         StorePixel<Format>(view.Row(y), static_cast<std::size_t>(x), Format::FromRgb(color));
@@ -52,7 +52,7 @@ void GfxSurface::SetPixelRGB(int x, int y, unsigned int color) {
 
 void GfxSurface::SetPixelRGBBlend(int x, int y, unsigned int color) {
     const SurfaceView view{*this};
-    if (!view.Clip().Holds(x, y)) return;
+    if (!view.Holds(x, y)) return;
     empty = false;
     gfx::WithFormat(view.Format(), [&]<class Format>(Format) {
         gfx::BlendInto<Format>(view.Row(y), static_cast<std::size_t>(x), color & 0x00FFFFFF,
@@ -63,7 +63,7 @@ void GfxSurface::SetPixelRGBBlend(int x, int y, unsigned int color) {
 unsigned int GfxSurface::RetPixelRGB(int x, int y) const {
     const SurfaceView view{*this};
     std::uint32_t color = 0;
-    if (!view.Clip().Holds(x, y)) return color;
+    if (!view.Holds(x, y)) return color;
     gfx::WithFormat(view.Format(), [&]<class Format>(Format) {
         color = Format::ToRgb(LoadPixel<Format>(view.Row(y), static_cast<std::size_t>(x)), alpha);
     });

@@ -73,7 +73,7 @@ void CopyPixel(GfxSurface& on, int x, int y, int srcX, int srcY, const SurfaceVi
     // Positions before the origin come out beyond any size.
     const auto column = static_cast<unsigned>(srcX);
     const auto row = static_cast<unsigned>(srcY);
-    if (!to.Clip().Holds(x, y) || column >= from.surface.DX() || row >= from.surface.DY()) return;
+    if (!to.Holds(x, y) || column >= from.surface.DX() || row >= from.surface.DY()) return;
     on.SetEmpty(false);
     gfx::WithFormat(to.Format(), [&]<class Format>(Format) {
         const std::uint32_t pixel = gfx::LoadPixel<Format>(from.Row(row), column);

@@ -45,6 +45,13 @@ struct SurfaceView {
         return {surface.clipX0, surface.clipY0, surface.clipX1, surface.clipY1};
     }
 
+    /// Whether a pixel lies inside the clip rectangle. On the fields themselves, which compiles to
+    /// four jumps: single pixels feel the difference.
+    bool Holds(int x, int y) const {
+        return x >= surface.clipX0 && x < surface.clipX1 && y >= surface.clipY0 &&
+               y < surface.clipY1;
+    }
+
     // Rows and columns are trusted to exist, and to have a format.
 
     std::uint8_t* Row(std::int64_t y) const { return surface.lines[y]; }

@@ -262,6 +262,7 @@ TEST(Lines, Straight_anti_aliased_lines_count_as_drawn_where_only_their_far_pixe
     }
 }
 
+/// Blended lines take another way down rows 4 KiB apart.
 TEST(Lines, The_distance_of_rows_makes_no_difference) {
     constexpr int kSide = 90, kCrowded = 4096, kLoose = 1000;
     std::mt19937 random(23);

@@ -39,19 +39,10 @@ struct LineColor {
 
 /// A line and what it is drawn on.
 struct AALine {
-    LineTarget target;
-    LineWalk walk;
-    LineColor color;
+    const LineTarget& target;
+    const LineWalk& walk;
+    std::uint32_t color;
     DashPattern dashes;
-
-    /// Whether all pixels are visible: the near and the far one of both ends, and so all between.
-    bool IsInside(int x0, int y0, int x1, int y1) const {
-        const gfx::ClipBounds& clip = target.clip;
-        const bool areNearInside = clip.Holds(x0, y0) && clip.Holds(x1, y1);
-        return areNearInside &&
-               (walk.isAlongX ? clip.HoldsRow(y0 + 1) && clip.HoldsRow(y1 + 1)
-                              : clip.HoldsColumn(x0 + 1) && clip.HoldsColumn(x1 + 1));
-    }
 };
 
 /// The steps of a line by what of them is visible: some pixel in `touched`, both in `inner`.
@@ -81,7 +72,7 @@ bool AreApart(const std::uint8_t* a, const std::uint8_t* b) {
 /// may show one row twice, or rows that begin within a pixel: there one share follows the other.
 template <class Format, class Steps>
 [[gnu::noinline]] void PlotOneByOne(const AALine& line, const Steps& steps, StepRange range) {
-    const LineColor color = line.color;
+    const LineColor color(line.color);
     std::uint8_t* const* const lines = line.target.lines;
     gfx::WalkSteps(line.walk, steps, range, [=](int x, int y, const Steps& at) {
         const auto column = static_cast<std::size_t>(x);
@@ -95,7 +86,7 @@ template <class Format, class Steps>
 template <class Format, class Steps>
 void PlotPairs(const AALine& line, const Steps& steps, StepRange range) {
     constexpr std::size_t kSize = sizeof(typename Format::Unit);
-    const LineColor color = line.color;
+    const LineColor color(line.color);
     std::uint8_t* const* const lines = line.target.lines;
     const gfx::PairBlend<Format> blend(color.rgb);
     if (line.walk.isAlongX) {
@@ -134,7 +125,7 @@ bool PlotInside(const AALine& line, const Steps& steps, StepRange range) {
 template <class Steps>
 void PlotClipped(GfxSurface& surface, const AALine& line, const Steps& steps,
                  const VisibleSteps& visible) {
-    const LineColor& color = line.color;
+    const LineColor color(line.color);
     const bool isAlongX = line.walk.isAlongX;
     const auto plotOne = [&](int major, int minor, std::uint32_t share) {
         surface.SetPixelRGBBlend(isAlongX ? major : minor, isAlongX ? minor : major,
@@ -180,10 +171,16 @@ void GfxSurface::DrawAALine(int x0, int y0, int x1, int y1, unsigned int color,
     CheckLength(walk, MAX_LINE_LENGTH);
     // For every line: whether one can be drawn must not depend on its slope.
     if (dots == nullptr) AllocDotsBuffer();
-    const AALine line{LineTarget({*this}), walk, LineColor(color), {pattern, count}};
+    const gfx::SurfaceView view{*this};
+    const LineTarget target(view);
+    const AALine line{target, walk, color, {pattern, count}};
     if (FixedSteps::ServesAntiAliased(walk)) {
         const FixedSteps steps = FixedSteps::AntiAliased(walk);
-        if (line.IsInside(x0, y0, x1, y1)) {
+        const int toFarX = walk.isAlongX ? 0 : 1;
+        const int toFarY = 1 - toFarX;
+        // Near and far pixel of both ends, and so all between.
+        if (view.Holds(x0, y0) && view.Holds(x1, y1) && view.Holds(x0 + toFarX, y0 + toFarY) &&
+            view.Holds(x1 + toFarX, y1 + toFarY)) {
             if (PlotInside(line, steps, gfx::WholeLine(walk))) empty = false;
             return;
         }

@@ -35,6 +35,13 @@ void PlotVisible(const LineTarget& target, const LineWalk& walk, const Steps& st
         };
         return walk.isAlongX ? alongX(store) : alongY(store);
     }
+    constexpr unsigned kFewRows = 32;
+    if (!walk.isAlongX && range.last - range.first > kFewRows && target.hasCrowdedRows) {
+        return alongY([=, weight = gfx::OldWeight(alpha)](std::uint8_t* row, std::size_t x) {
+            const std::uint32_t old = gfx::LoadPixel<Format>(row, x);
+            gfx::StorePixel<Format>(row, x, Format::Mix(old, rgb, weight));
+        });
+    }
     const gfx::PixelBlend<Format> mix(rgb, alpha);
     const auto blend = [=](std::uint8_t* row, std::size_t x) {
         mix(row + x * sizeof(typename Format::Unit));
@@ -73,9 +80,10 @@ void GfxSurface::DrawLine(int x0, int y0, int x1, int y1, unsigned int color,
     CheckLength(walk, MAX_LINE_LENGTH);
     // For every line: whether one can be drawn must not depend on its slope.
     if (dots == nullptr) AllocDotsBuffer();
-    const LineTarget target(gfx::SurfaceView{*this});
+    const gfx::SurfaceView view{*this};
+    const LineTarget target(view);
     // And so all between.
-    const bool isInside = target.clip.Holds(x0, y0) && target.clip.Holds(x1, y1);
+    const bool isInside = view.Holds(x0, y0) && view.Holds(x1, y1);
     const auto plot = [&](const auto& steps, StepRange visible) {
         if (PlotLine(target, walk, steps, visible, color, dashes)) empty = false;
     };

@@ -17,8 +17,17 @@ struct LineTarget {
     PixelFormat format;
     ClipBounds clip;
 
+    /// Rows 4 KiB apart lie in one set of a cache of 64 sets, which keeps few of them. Going down
+    /// such rows, a processor that reads many of them ahead throws lines out before they are
+    /// written to and fetches them twice; the longer chain of instructions of the plain rule holds
+    /// it back.
+    bool hasCrowdedRows;
+
     explicit LineTarget(const SurfaceView& view)
-        : lines(view.Rows(0, 0).lines), format(view.Format()), clip(view.Clip()) {}
+        : lines(view.Rows(0, 0).lines),
+          format(view.Format()),
+          clip(view.Clip()),
+          hasCrowdedRows(view.surface.Pitch() % 4096 == 0) {}
 
     Interval Major(const LineWalk& walk) const { return walk.isAlongX ? Columns() : Rows(); }
     Interval Minor(const LineWalk& walk) const { return walk.isAlongX ? Rows() : Columns(); }
