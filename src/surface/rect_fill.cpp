@@ -81,11 +81,10 @@ void GfxSurface::RectFillBlend(int x, int y, unsigned int w, unsigned int h, uns
         done = blend(to, from.Rows(rect.srcX, rect.srcY), rect.w, rect.h, color);
     }
     // What is left repeats the mask, or shares memory with it: row by row through colour words.
-    auto* const words = view.ScratchRow();
     for (; done < rect.h; ++done) {
         const unsigned maskRow = gfx::WrapPosition(rect.srcY + done, mask->dy);
         BuildMaskedRow(rgbLine, from.Row(maskRow), kind, mask->dx,
                        gfx::WrapPosition(rect.srcX, mask->dx), rect.w, color);
-        kernels.blendWords({to.lines + done, to.x}, {&words, 0}, rect.w, 1);
+        kernels.blendWords({to.lines + done, to.x}, gfx::SingleRow{view.ScratchRow()}, rect.w, 1);
     }
 }

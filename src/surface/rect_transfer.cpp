@@ -57,7 +57,7 @@ void Transfer::ThroughScratchRow(const WriteStep& step, unsigned done,
             from.ToWords(rect.srcY + row, column, rect.w, words);
         }
         if (opacityScale != kUnitOpacityScale) Kernels().scaleAlpha(words, rect.w, opacityScale);
-        step(Target(row), {&words, 0}, rect.w, 1);
+        step(Target(row), SingleRow{words}, rect.w, 1);
     }
 }
 

@@ -12,6 +12,7 @@ namespace {
 using gfx::BytesOf;
 using gfx::LoadWord;
 using gfx::PointerTo;
+using gfx::SingleRow;
 using gfx::StoreWord;
 using gfx::SurfaceView;
 
@@ -25,9 +26,8 @@ inline std::uint8_t BitMask(std::size_t bit) {
 
 void GfxSurface::ConvertToRGB(MemoryPtr pixelRow, MemoryPtr colorRow, unsigned int x,
                               unsigned int n) const {
-    std::uint8_t* const from = BytesOf(pixelRow);
-    std::uint8_t* const to = BytesOf(colorRow);
-    SurfaceView{*this}.KernelsOfPixels().toWords({&to, 0}, {&from, x}, n, 1, alpha);
+    SurfaceView{*this}.KernelsOfPixels().toWords(SingleRow{BytesOf(colorRow)},
+                                                 SingleRow{BytesOf(pixelRow), x}, n, 1, alpha);
 }
 
 void GfxSurface::ConvertTileToRGB(MemoryPtr pixelRow, MemoryPtr colorRow, unsigned int x,
@@ -50,23 +50,20 @@ void GfxSurface::ConvertTileToRGB(MemoryPtr pixelRow, MemoryPtr colorRow, unsign
 
 void GfxSurface::ConvertFromRGB(MemoryPtr colorRow, MemoryPtr pixelRow, unsigned int x,
                                 unsigned int n) const {
-    std::uint8_t* const from = BytesOf(colorRow);
-    std::uint8_t* const to = BytesOf(pixelRow);
-    SurfaceView{*this}.KernelsOfPixels().fromWords({&to, x}, {&from, 0}, n, 1);
+    SurfaceView{*this}.KernelsOfPixels().fromWords(SingleRow{BytesOf(pixelRow), x},
+                                                   SingleRow{BytesOf(colorRow)}, n, 1);
 }
 
 void GfxSurface::ConvertFromRGB(MemoryPtr colorRow, MemoryPtr pixelRow, unsigned int x,
                                 unsigned int n, unsigned int key) const {
-    std::uint8_t* const from = BytesOf(colorRow);
-    std::uint8_t* const to = BytesOf(pixelRow);
-    SurfaceView{*this}.KernelsOfPixels().fromWordsKeyed({&to, x}, {&from, 0}, n, 1, key);
+    SurfaceView{*this}.KernelsOfPixels().fromWordsKeyed(SingleRow{BytesOf(pixelRow), x},
+                                                        SingleRow{BytesOf(colorRow)}, n, 1, key);
 }
 
 void GfxSurface::BlendWithRGB(MemoryPtr colorRow, MemoryPtr pixelRow, unsigned int x,
                               unsigned int n) const {
-    std::uint8_t* const from = BytesOf(colorRow);
-    std::uint8_t* const to = BytesOf(pixelRow);
-    SurfaceView{*this}.KernelsOfPixels().blendWords({&to, x}, {&from, 0}, n, 1);
+    SurfaceView{*this}.KernelsOfPixels().blendWords(SingleRow{BytesOf(pixelRow), x},
+                                                    SingleRow{BytesOf(colorRow)}, n, 1);
 }
 
 void GfxSurface::CombineRGBAlpha(double transparency, MemoryPtr colorRow, unsigned int n) const {

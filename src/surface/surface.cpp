@@ -21,16 +21,10 @@ constexpr unsigned kMaxDepth = 32;
 constexpr std::uint32_t kRowAlignment = 16;  // bytes
 constexpr std::uint32_t kSizeStep = 16;      // pixels
 
-struct PixelSize {
-    std::uint32_t bytes;
-    std::uint32_t shift;
-};
-
-constexpr PixelSize PixelSizeOf(unsigned depth) {
-    if (depth == 0) return {0, 0};
-    if (depth <= 8) return {1, 0};
-    if (depth <= 16) return {2, 1};
-    return {4, 2};
+constexpr std::uint32_t BytesPerPixelOf(unsigned depth) {
+    if (depth == 0) return 0;
+    if (depth <= 8) return 1;
+    return depth <= 16 ? 2 : 4;
 }
 
 /// Bytes that the pixels of one row take, without padding.
@@ -114,8 +108,8 @@ GfxSurface::GfxSurface(unsigned int bitsPerPixel)
       clipX1(0),
       clipY1(0),
       depth(bitsPerPixel),
-      bytesPerPixel(PixelSizeOf(bitsPerPixel).bytes),
-      pixelShift(PixelSizeOf(bitsPerPixel).shift),
+      bytesPerPixel(BytesPerPixelOf(bitsPerPixel)),
+      pixelShift(bytesPerPixel / 2),
       transparentColor(0) {
     if (bitsPerPixel > kMaxDepth) throw gfx::kDepthLimit;
 }

@@ -5,11 +5,43 @@
 
 #include <gfx/surface.h>
 
+#include <cstring>
+
 #include "surface/clip.h"
-#include "surface/row_pointer.h"
 #include "surface/rows/row_dispatch.h"
 
 namespace gfx {
+
+/// The first byte of a row, whichever view the caller set: reading another member of the union
+/// than the one last written would be undefined, copying its bytes is not.
+inline std::uint8_t* BytesOf(GfxSurface::MemoryPtr row) {
+    std::uint8_t* bytes;
+    static_assert(sizeof bytes == sizeof row, "all views of a row are one pointer");
+    std::memcpy(&bytes, &row, sizeof bytes);
+    return bytes;
+}
+
+inline GfxSurface::MemoryPtr PointerTo(std::uint8_t* bytes) {
+    GfxSurface::MemoryPtr row;
+    row.ptr8 = bytes;
+    return row;
+}
+
+inline std::uint32_t LoadWord(const std::uint8_t* words, std::size_t i) {
+    return LoadPixel<Color32>(words, i);
+}
+
+inline void StoreWord(std::uint8_t* words, std::size_t i, std::uint32_t word) {
+    StorePixel<Color32>(words, i, word);
+}
+
+/// A single row as kernels take it. They are done before a temporary of it goes.
+struct SingleRow {
+    std::uint8_t* bytes;
+    std::size_t x = 0;
+
+    operator PixelRows() const { return {&bytes, x}; }
+};
 
 // Display memory and the runs that a host supplies serve surfaces that keep colours. Overloads, so
 // that a new format has to say what it is.

@@ -35,17 +35,15 @@ void PlotVisible(const LineTarget& target, const LineWalk& walk, const Steps& st
         };
         return walk.isAlongX ? alongX(store) : alongY(store);
     }
+    const auto blendBy = [](const auto& mix) {
+        return
+            [=](std::uint8_t* row, std::size_t x) { mix(row + x * sizeof(typename Format::Unit)); };
+    };
     constexpr unsigned kFewRows = 32;
     if (!walk.isAlongX && range.last - range.first > kFewRows && target.hasCrowdedRows) {
-        return alongY([=, weight = gfx::OldWeight(alpha)](std::uint8_t* row, std::size_t x) {
-            const std::uint32_t old = gfx::LoadPixel<Format>(row, x);
-            gfx::StorePixel<Format>(row, x, Format::Mix(old, rgb, weight));
-        });
+        return alongY(blendBy(gfx::PlainBlend<Format>(rgb, alpha)));
     }
-    const gfx::PixelBlend<Format> mix(rgb, alpha);
-    const auto blend = [=](std::uint8_t* row, std::size_t x) {
-        mix(row + x * sizeof(typename Format::Unit));
-    };
+    const auto blend = blendBy(gfx::PixelBlend<Format>(rgb, alpha));
     walk.isAlongX ? alongX(blend) : alongY(blend);
 }
 

@@ -112,7 +112,22 @@ private:
     L::U32 pixels_;  // each pixel twice, in neighbouring words
 };
 
-/// Blends one colour of one alpha, neither 0 nor 255, into single pixels.
+/// Blends one colour into single pixels by the plain rule.
+template <class Format>
+class PlainBlend {
+public:
+    PlainBlend(std::uint32_t rgb, std::uint32_t alpha) : rgb_(rgb), weight_(OldWeight(alpha)) {}
+
+    void operator()(std::uint8_t* p) const {
+        StorePixel<Format>(p, 0, Format::Mix(LoadPixel<Format>(p, 0), rgb_, weight_));
+    }
+
+private:
+    std::uint32_t rgb_;
+    std::uint32_t weight_;
+};
+
+/// The same for an alpha that is neither 0 nor 255, in a vector.
 template <class Format>
 class PixelBlend {
 public:
@@ -132,17 +147,8 @@ private:
 };
 
 template <>
-class PixelBlend<Grey8> {
-public:
-    PixelBlend(std::uint32_t rgb, std::uint32_t alpha) : rgb_(rgb), weight_(OldWeight(alpha)) {}
-
-    void operator()(std::uint8_t* p) const {
-        StorePixel<Grey8>(p, 0, Grey8::Mix(LoadPixel<Grey8>(p, 0), rgb_, weight_));
-    }
-
-private:
-    std::uint32_t rgb_;
-    std::uint32_t weight_;
+class PixelBlend<Grey8> : public PlainBlend<Grey8> {
+    using PlainBlend::PlainBlend;
 };
 
 /// Blends one colour into pairs of pixels, with a share for each.
