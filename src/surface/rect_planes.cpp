@@ -4,7 +4,6 @@
 #include "surface/surface_view.h"
 
 using gfx::ClippedRect;
-using gfx::PixelFormat;
 using gfx::PointerTo;
 using gfx::SurfaceView;
 
@@ -41,10 +40,6 @@ bool ClipToPlane(ClippedRect& rect, const SurfaceView& view, const GfxSurface* p
            ClipToSurfaceSize(rect, plane->DX(), plane->DY());
 }
 
-bool AreBothDrawable(const SurfaceView& a, const SurfaceView& b) {
-    return a.Format() != PixelFormat::None && b.Format() != PixelFormat::None;
-}
-
 /// What RectExtractMono and RectExtractMonoAlpha share: reduce(words, bits, first bit) turns each
 /// row of colour words into bits.
 template <class Reduce>
@@ -52,7 +47,7 @@ void ReduceToBits(const SurfaceView& view, ClippedRect rect, unsigned char* buff
                   unsigned bufPitch, Reduce reduce) {
     if (buffer == nullptr || bufPitch == 0) return;
     if (!ClipRectToBounds(rect, view.Clip()) || !CutBeforeOrigin(rect)) return;
-    if (view.Format() == PixelFormat::None) return;
+    if (!view.IsDrawable()) return;
     // The bit's number may need more than 32 bits: whole bytes of it move the row's start.
     unsigned char* const firstByte = buffer + rect.srcX / 8;
     const auto firstBit = static_cast<unsigned>(rect.srcX % 8);
@@ -73,7 +68,7 @@ void GfxSurface::RectExtract(int x, int y, unsigned int w, unsigned int h, int p
     if (!ClipToPlane(rect, view, plane)) return;
     plane->empty = false;
     const SurfaceView bytes{*plane};
-    if (!AreBothDrawable(view, bytes)) return;
+    if (!view.IsDrawable() || !bytes.IsDrawable()) return;
     const unsigned shift = PlaneBitsOf(which).shift;
     const auto planeColumn = static_cast<unsigned>(rect.srcX);
     std::uint8_t* const words = view.ScratchRow();
@@ -91,7 +86,7 @@ void GfxSurface::RectInsert(int x, int y, unsigned int w, unsigned int h, int pl
     if (!ClipToPlane(rect, view, plane)) return;
     empty = false;
     const SurfaceView bytes{*plane};
-    if (!AreBothDrawable(view, bytes)) return;
+    if (!view.IsDrawable() || !bytes.IsDrawable()) return;
     const PlaneBits bits = PlaneBitsOf(which);
     const auto column = static_cast<unsigned>(rect.x);
     const auto planeColumn = static_cast<unsigned>(rect.srcX);

@@ -5,33 +5,18 @@
 namespace gfx {
 namespace {
 
-/// Some pixels of each of some rows, as addresses: rows of different blocks are compared.
-struct Block {
-    PixelRows rows;
-    unsigned h;          // > 0
-    std::size_t offset;  // of the pixels in their rows, in bytes
-    std::size_t size;    // of a row's pixels
+/// Where a row begins, as a number: rows of different blocks are compared.
+std::uintptr_t Start(PixelRows rows, unsigned y) {
+    return reinterpret_cast<std::uintptr_t>(rows.lines[y]);
+}
 
-    Block(const SurfaceView& view, PixelRows where, unsigned w, unsigned height)
-        : rows(where),
-          h(height),
-          offset(view.BytesOfPixels(where.x)),
-          size(view.BytesOfPixels(w)) {}
-
-    std::uintptr_t Row(unsigned y) const {
-        return reinterpret_cast<std::uintptr_t>(rows.lines[y]) + offset;
+/// Whether each of h rows begins at least `distance` bytes behind the one before.
+bool AreInOrder(PixelRows rows, unsigned h, std::size_t distance) {
+    for (unsigned y = 1; y < h; ++y) {
+        if (Start(rows, y) < Start(rows, y - 1) + distance) return false;
     }
-    std::uintptr_t Begin() const { return Row(0); }
-    std::uintptr_t End() const { return Row(h - 1) + size; }
-
-    /// Whether each row begins at least `distance` bytes behind the one before.
-    bool IsInOrder(std::size_t distance) const {
-        for (unsigned y = 1; y < h; ++y) {
-            if (Row(y) < Row(y - 1) + distance) return false;
-        }
-        return true;
-    }
-};
+    return true;
+}
 
 }  // namespace
 
@@ -62,10 +47,15 @@ void Transfer::ThroughScratchRow(const WriteStep& step, unsigned done,
 }
 
 bool Transfer::AreRowsApart() const {
-    const Block target(to, Target(), rect.w, rect.h);
-    const Block source(from, from.Rows(0, 0), from.surface.DX(), from.surface.DY());
-    return target.IsInOrder(target.size) && source.IsInOrder(0) &&
-           (target.End() <= source.Begin() || source.End() <= target.Begin());
+    const PixelRows target = Target();
+    const PixelRows source = from.Rows(0, 0);
+    const unsigned height = from.surface.DY();
+    const std::size_t offset = to.BytesOfPixels(target.x);
+    const std::size_t size = to.BytesOfPixels(rect.w);
+    const std::size_t sourceSize = from.BytesOfPixels(from.surface.DX());
+    return AreInOrder(target, rect.h, size) && AreInOrder(source, height, 0) &&
+           (Start(target, rect.h - 1) + offset + size <= Start(source, 0) ||
+            Start(source, height - 1) + sourceSize <= Start(target, 0) + offset);
 }
 
 void Transfer::CopyTiles(const FormatKernels& kernels) const {

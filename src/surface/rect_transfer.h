@@ -33,9 +33,7 @@ struct Transfer {
     /// @return whether anything is left.
     bool Frame(bool tile);
 
-    bool IsDrawable() const {
-        return to.Format() != PixelFormat::None && from.Format() != PixelFormat::None;
-    }
+    bool IsDrawable() const { return to.IsDrawable() && from.IsDrawable(); }
 
     /// A copy within one surface whose target lies below its source, over it: bottom up.
     bool RunsUpwards() const {

@@ -71,6 +71,8 @@ struct SurfaceView {
         return surface.lines == nullptr ? PixelFormat::None : FormatOfPixels();
     }
 
+    bool IsDrawable() const { return Format() != PixelFormat::None; }
+
     const FormatKernels& KernelsOfPixels() const { return Kernels()[FormatOfPixels()]; }
 
     ClipBounds Clip() const {
