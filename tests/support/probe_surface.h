@@ -3,7 +3,6 @@
 
 #include <gfx/surface.h>
 
-#include <algorithm>
 #include <memory>
 
 namespace test {
@@ -41,18 +40,6 @@ public:
     using GfxSurface::ExtractMonoFromRGB;
     using GfxSurface::InsertIntoRGB;
     using GfxSurface::InsertMonoIntoRGB;
-};
-
-/// A derived surface that lays its rows where it likes: row 0 is the last one in memory.
-class BottomUpSurface : public ProbeSurface {
-public:
-    using ProbeSurface::ProbeSurface;
-
-protected:
-    void AllocLinesForSurface() override {
-        ProbeSurface::AllocLinesForSurface();
-        if (lines != nullptr) std::reverse(lines, lines + DY());
-    }
 };
 
 /// Owns a surface made with GfxSurface::New.

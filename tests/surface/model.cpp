@@ -41,6 +41,20 @@ private:
 
 }  // namespace
 
+unsigned RowInMemory(RowOrder order, unsigned y, unsigned h) {
+    switch (order) {
+        case RowOrder::kTopDown:
+            return y;
+        case RowOrder::kBottomUp:
+            return h - 1 - y;
+        case RowOrder::kEvenThenOdd:
+            return y % 2 == 0 ? y / 2 : (h + 1) / 2 + y / 2;
+        case RowOrder::kInPairs:
+            return y / 2;
+    }
+    return y;
+}
+
 Model::Model(unsigned bitsPerPixel) : depth(bitsPerPixel) {
     bytesPerPixel = depth == 0 ? 0 : depth <= 8 ? 1 : depth <= 16 ? 2 : 4;
 }
@@ -48,18 +62,18 @@ Model::Model(unsigned bitsPerPixel) : depth(bitsPerPixel) {
 void Model::Initialise(unsigned w, unsigned h) {
     const unsigned rowBytes = (bytesPerPixel * w + 15) / 16 * 16;
     InitialiseOver(w, h, nullptr, depth == 1 ? rowBytes / 8 : rowBytes, true);
-    bytes.assign(std::size_t{pitch} * h, 0);
+    bytes = std::make_shared<std::vector<std::uint8_t>>(std::size_t{pitch} * h);
     hasMemory = true;
 }
 
-void Model::InitialiseOver(unsigned w, unsigned h, const std::uint8_t* memory, unsigned rowBytes,
+void Model::InitialiseOver(unsigned w, unsigned h,
+                           std::shared_ptr<std::vector<std::uint8_t>> memory, unsigned rowBytes,
                            bool isEmpty) {
     dx = allocDX = w;
     dy = allocDY = h;
     pitch = rowBytes;
     hasMemory = memory != nullptr;
-    bytes.clear();
-    if (hasMemory) bytes.assign(memory, memory + std::size_t{pitch} * h);
+    bytes = std::move(memory);
     ResetClipRect();
     empty = isEmpty;
 }
@@ -94,25 +108,25 @@ void Model::ResetClipRect() {
 }
 
 void Model::Clear() {
-    if (hasMemory) std::fill_n(bytes.begin(), std::size_t{pitch} * dy, std::uint8_t{0});
+    if (hasMemory) std::fill_n(bytes->begin(), std::size_t{pitch} * dy, std::uint8_t{0});
     empty = true;
 }
 
 std::size_t Model::At(std::int64_t x, std::int64_t y) const {
-    const std::int64_t row = bottomUp ? allocDY - 1 - y : y;
-    return static_cast<std::size_t>(row * pitch + x * bytesPerPixel);
+    const std::size_t row = RowInMemory(order, static_cast<unsigned>(y), allocDY);
+    return row * pitch + static_cast<std::size_t>(x) * bytesPerPixel;
 }
 
 Word Model::Load(std::int64_t x, std::int64_t y) const {
     Word unit = 0;
     for (unsigned i = 0; i < bytesPerPixel; ++i)
-        unit |= Word{bytes.at(At(x, y) + i)} << (8 * i);
+        unit |= Word{bytes->at(At(x, y) + i)} << (8 * i);
     return unit;
 }
 
 void Model::Store(std::int64_t x, std::int64_t y, Word unit) {
     for (unsigned i = 0; i < bytesPerPixel; ++i)
-        bytes.at(At(x, y) + i) = static_cast<std::uint8_t>(unit >> (8 * i));
+        bytes->at(At(x, y) + i) = static_cast<std::uint8_t>(unit >> (8 * i));
 }
 
 Word Model::Read(std::int64_t x, std::int64_t y) const {

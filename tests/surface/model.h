@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 #include "surface/line_model.h"
@@ -44,12 +45,23 @@ struct Dashes {
 
 enum class Mix { kCopy, kBlend, kBlendScaled };
 
+/// How a surface lays its rows into its memory: as the library does, or as a derived one may.
+enum class RowOrder {
+    kTopDown,
+    kBottomUp,     ///< row 0 is the last one in memory
+    kEvenThenOdd,  ///< neighbours lie apart
+    kInPairs       ///< rows 2 y and 2 y + 1 are the same memory
+};
+
+/// Which of h rows in memory row y is.
+unsigned RowInMemory(RowOrder order, unsigned y, unsigned h);
+
 struct Model {
     explicit Model(unsigned bitsPerPixel);
 
     void Initialise(unsigned w, unsigned h);
-    void InitialiseOver(unsigned w, unsigned h, const std::uint8_t* memory, unsigned rowBytes,
-                        bool isEmpty);
+    void InitialiseOver(unsigned w, unsigned h, std::shared_ptr<std::vector<std::uint8_t>> memory,
+                        unsigned rowBytes, bool isEmpty);
     void SetNewSize(unsigned w, unsigned h);
     void OptimiseSize();
     void SetClipRect(const Rect& r);
@@ -93,9 +105,10 @@ struct Model {
     unsigned dx = 0, dy = 0, allocDX = 0, allocDY = 0, pitch = 0, alpha = 0;
     Word key = 0;
     bool keyed = false, empty = false, hasMemory = false;
-    bool bottomUp = false;  ///< row 0 is the last one in memory
+    RowOrder order = RowOrder::kTopDown;
     std::int64_t clipX0 = 0, clipY0 = 0, clipX1 = 0, clipY1 = 0;
-    std::vector<std::uint8_t> bytes;  ///< all allocDY rows, gaps included
+    /// All allocDY rows, gaps included. Models of surfaces over one memory share it.
+    std::shared_ptr<std::vector<std::uint8_t>> bytes;
 };
 
 }  // namespace test
