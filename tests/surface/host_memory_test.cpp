@@ -110,7 +110,7 @@ TEST(HostMemory, Clear_of_rows_that_lie_apart_zeroes_them_and_nothing_else) {
 }
 
 TEST(HostMemory, Clear_of_a_smaller_size_zeroes_its_rows_wherever_they_lie) {
-    BottomUpSurface s(32);
+    OrderedSurface s(32, RowOrder::kBottomUp);
     s.Initialise(20, 10);
     s.RectFill(0, 0, 20, 10, 7);
     s.SetNewSize(20, 3);
