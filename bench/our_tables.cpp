@@ -7,11 +7,11 @@
 
 void AddOurTables(bench::Scene* scene, std::vector<bench::Library>* libraries) {
     const char* const names[] = {"gfx-base", "gfx-avx2"};
-    const gfx::RowKernels* tables[gfx::kMaxTables];
-    const unsigned count = gfx::RunnableTables(tables);
-    for (unsigned i = 0; i < count && i < std::size(names); ++i) {
+    const auto choices = gfx::KernelChoices();
+    for (std::size_t i = 0; i < choices.size() && i < std::size(names); ++i) {
+        if (!choices[i].isRunnable()) break;
         bench::Library library = bench::MakeOurs(*scene, names[i]);
-        library.select = [table = tables[i]] { gfx::activeKernels.store(table); };
+        library.select = [table = &choices[i].kernels] { gfx::activeKernels.store(table); };
         libraries->push_back(library);
     }
 }

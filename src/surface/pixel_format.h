@@ -77,6 +77,7 @@ inline std::uint32_t Pixel16ToRgb(std::uint32_t pixel, std::uint32_t alpha) {
 // because host memory may have any alignment.
 
 struct Grey8 {
+    static constexpr PixelFormat kFormat = PixelFormat::Grey8;
     using Unit = std::uint8_t;
     static std::uint32_t FromRgb(std::uint32_t color) { return RgbToGrey(color); }
     static std::uint32_t ToRgb(std::uint32_t pixel, std::uint32_t alpha) {
@@ -88,6 +89,7 @@ struct Grey8 {
 };
 
 struct Rgb565 {
+    static constexpr PixelFormat kFormat = PixelFormat::Rgb565;
     using Unit = std::uint16_t;
     static std::uint32_t FromRgb(std::uint32_t color) { return RgbToPixel16(color); }
     static std::uint32_t ToRgb(std::uint32_t pixel, std::uint32_t alpha) {
@@ -101,6 +103,7 @@ struct Rgb565 {
 };
 
 struct Color32 {
+    static constexpr PixelFormat kFormat = PixelFormat::Color32;
     using Unit = std::uint32_t;
     static std::uint32_t FromRgb(std::uint32_t color) { return color; }
     static std::uint32_t ToRgb(std::uint32_t pixel, std::uint32_t) { return pixel; }
@@ -142,6 +145,7 @@ inline void BlendInto(std::uint8_t* row, std::size_t x, std::uint32_t rgb, std::
 /// the fewer jumps: they are a tenth of the time of a single pixel.
 template <class Visit>
 inline void WithFormat(PixelFormat format, Visit visit) {
+    static_assert(kPixelFormatCount == 4, "each format that stores pixels is named here");
     if (format == PixelFormat::Color32) [[likely]] {
         visit(Color32{});
     } else if (format == PixelFormat::Rgb565) [[likely]] {

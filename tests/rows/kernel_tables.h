@@ -12,10 +12,10 @@ extern const gfx::RowKernels kRowKernelsPortable;
 namespace test {
 
 inline std::vector<const gfx::RowKernels*> AllTables() {
-    const gfx::RowKernels* tables[gfx::kMaxTables];
-    const unsigned count = gfx::RunnableTables(tables);
-    std::vector<const gfx::RowKernels*> all(tables, tables + count);
-    all.push_back(&kRowKernelsPortable);
+    std::vector<const gfx::RowKernels*> all{&kRowKernelsPortable};
+    for (const gfx::KernelChoice& choice : gfx::KernelChoices()) {
+        if (choice.isRunnable()) all.push_back(&choice.kernels);
+    }
     return all;
 }
 

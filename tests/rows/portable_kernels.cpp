@@ -1,17 +1,16 @@
 // The row kernels in portable vectors, for comparison on every machine.
 #include "surface/rows/lanes_portable.h"
-#include "surface/rows/row_walk.h"
+#include "surface/rows/make_kernels.h"
 
-namespace gfx {
 namespace {
-using Wide = PortableLanes;
-using Narrow = PortableLanes;
 
-inline bool IsNarrow(unsigned, unsigned, Load) { return false; }
+struct PortableVectors {
+    using Wide = gfx::PortableLanes;
+    using Narrow = gfx::PortableLanes;
+};
+
 }  // namespace
-}  // namespace gfx
-
-#include "surface/rows/row_kernels.inl"
 
 extern const gfx::RowKernels kRowKernelsPortable;
-constinit const gfx::RowKernels kRowKernelsPortable = gfx::MakeRowKernels("portable");
+constinit const gfx::RowKernels kRowKernelsPortable =
+    gfx::MakeRowKernels<PortableVectors>("portable");

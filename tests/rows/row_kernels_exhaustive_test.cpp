@@ -28,8 +28,7 @@ void BlendAllPixels(unsigned pixels, const std::vector<Word>& colors) {
                 const Word color = alpha << 24 | rgb;
                 for (unsigned p = 0; p < pixels; ++p)
                     gfx::StorePixel<Format>(line, p, p);
-                table->formats[sizeof(typename Format::Unit)].blendColor({&line, 0}, pixels, 1,
-                                                                         color);
+                (*table)[Format::kFormat].blendColor({&line, 0}, pixels, 1, color);
                 for (unsigned p = 0; p < pixels; ++p) {
                     ASSERT_EQ(gfx::Blend<Format>(p, color), gfx::LoadPixel<Format>(line, p))
                         << table->name << " pixel " << std::hex << p << " color " << color;

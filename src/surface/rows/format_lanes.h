@@ -1,10 +1,6 @@
-// The three formats in vectors: how a block of pixels is loaded, stored, mixed and turned
-// into colour words. The row kernels are written once on top of these.
-//
-// A format's block holds kPixels pixels. Its Alphas are one value of 0..255 a pixel, in the upper
-// bytes of halves with nothing below, its Colors what Mix wants of the colours. Its Solid blends
-// one colour of one alpha, whose share of each sum, colour * (256 - weight), is the same for all
-// pixels. Unnamed namespace: see pixel_format.h.
+// The three formats in vectors: how a block of pixels is loaded, stored, mixed and turned into
+// colour words. The row kernels are written once on top of these; what a format must offer, and
+// what each member means, stands in contracts.h. Unnamed namespace: see pixel_format.h.
 #ifndef GFX_SURFACE_ROWS_FORMAT_LANES_H
 #define GFX_SURFACE_ROWS_FORMAT_LANES_H
 
@@ -17,8 +13,9 @@
 namespace gfx {
 namespace {
 
-template <class L>
-struct Color32Lanes;
+/// One format over one set of vectors.
+template <PixelFormat kFormat, class L>
+struct FormatLanes;
 
 /// What the formats below 32 bits share: a pixel is a half, next to a pair of registers of words.
 template <class L>
@@ -29,21 +26,21 @@ struct HalfLanes {
     static constexpr unsigned kPixels = L::kHalves;
 
     template <class Count>
+    static Words LoadWords(const std::uint8_t* p, Count count) {
+        return Words::Load(p, count);
+    }
+    template <class Count>
     static Alphas LoadMask(const std::uint8_t* p, Count count) {
         return L::LoadBytesAsHalves(p, count) << 8;
     }
-
     static Alphas AlphasOf(const Words& words) { return words.High() & 0xFF00; }
     static Block Matches(const Words& words, std::uint32_t key) {
-        const auto match = [key]<class M>(M, typename M::U32 w) {
-            return M::AsWords(w == M::SplatWord(key));
-        };
-        return words.Map(match).Low();
+        return words.Map([key](auto w) { return L::AsWords(w == L::SplatWord(key)); }).Low();
     }
 };
 
 template <class L>
-struct Grey8Lanes : HalfLanes<L> {
+struct FormatLanes<PixelFormat::Grey8, L> : HalfLanes<L> {
     using Format = Grey8;
     using Block = typename L::U16;
     using Words = WordPair<L>;
@@ -57,20 +54,13 @@ struct Grey8Lanes : HalfLanes<L> {
     static void Store(std::uint8_t* p, Block pixels, Count count) {
         L::StoreHalvesAsBytes(p, pixels, count);
     }
-    static Colors SplatColor(std::uint32_t color) { return L::SplatHalf(RgbToGrey(color)); }
-    static Block FromWords(const Words& words) {
-        return words.Map([]<class M>(M, typename M::U32 w) { return GreysOfWords<M>(w); }).High();
-    }
+    static Block FromWords(const Words& words) { return words.Map(GreysOfWords<L>).High(); }
     static Colors ColorsOf(const Words& words) { return FromWords(words); }
-    static Block PutOpaque(const std::uint8_t*, const Words& words) { return FromWords(words); }
+    static Colors SplatColor(std::uint32_t color) { return L::SplatHalf(RgbToGrey(color)); }
 
-    template <bool kAreOfColors>
-    static Block Mix(Block old, Colors colors, const Weights<Block, kAreOfColors>& weights) {
-        return MixTowards(weights, old, colors, [](Block from, Block to, Block weight) {
-            // Modulo 256: as halves the sum would carry.
-            const Block change = (to - from) * weight >> 8;
-            return L::AsHalves(L::AsBytes(from) + L::AsBytes(change));
-        });
+    template <class Weights>
+    static Block Mix(Block old, Colors colors, const Weights& weights) {
+        return MixTowards(weights, old, colors, MixHalves<Block>) >> 8;
     }
 
     /// Works on bytes, the even and the odd ones in halves of their own: twice as many a register
@@ -89,8 +79,7 @@ struct Grey8Lanes : HalfLanes<L> {
         }
     };
 
-    /// Pixels become colour words, in blocks of their own size.
-    using Expanded = Color32Lanes<L>;
+    using Expanded = FormatLanes<PixelFormat::Color32, L>;
     template <class Count>
     static typename L::U32 Expand(const std::uint8_t* pixels, std::uint32_t alpha, Count count) {
         return (L::LoadBytesFourTimes(pixels, count) & 0x00FFFFFFU) | alpha << 24;
@@ -98,7 +87,7 @@ struct Grey8Lanes : HalfLanes<L> {
 };
 
 template <class L>
-struct Rgb565Lanes : HalfLanes<L> {
+struct FormatLanes<PixelFormat::Rgb565, L> : HalfLanes<L> {
     using Format = Rgb565;
     using Block = typename L::U16;
     using Words = WordPair<L>;
@@ -114,124 +103,65 @@ struct Rgb565Lanes : HalfLanes<L> {
     static void Store(std::uint8_t* p, Block pixels, Count count) {
         L::StoreHalves(p, pixels, count);
     }
-    static Block FromWords(const Words& words) {
-        return words.Map([]<class M>(M, typename M::U32 w) { return Pixels16OfWords<M>(w); }).Low();
-    }
+    static Block FromWords(const Words& words) { return words.Map(Pixels16OfWords<L>).Low(); }
     static Colors ColorsOf(const Words& words) {
         const Block low = words.Low();
         return {words.High() & 0xFF, low >> 8, low & 0xFF};
     }
-
-    static Block PutOpaque(const std::uint8_t*, const Words& words) { return FromWords(words); }
-
-    /// The channels of pixels, widened to 8 bits. A channel at the top of its half, times 264 = 2^8
-    /// + 2^3 (6 bits: 8320 = 2^13 + 2^7, from its own place), shifted down by 16, is the bit
-    /// replication.
-    static Colors ChannelsOf(Block pixels) {
-        return {L::MulHigh(pixels & 0xF800, L::SplatHalf(264)),
-                L::MulHigh(pixels & 0x07E0, L::SplatHalf(8320)),
-                L::MulHigh(pixels << 11, L::SplatHalf(264))};
-    }
-    template <bool kAreOfColors>
-    static Block Mix(Block old, const Colors& colors, const Weights<Block, kAreOfColors>& weights) {
-        const Colors wide = ChannelsOf(old);
-        const Block oldWeight = weights.Old();
-        const Block colorWeight = weights.Color();
-        return Pack({wide.red * oldWeight + colors.red * colorWeight,
-                     wide.green * oldWeight + colors.green * colorWeight,
-                     wide.blue * oldWeight + colors.blue * colorWeight});
-    }
-
-    /// The parts of pixels that 256 times their channels come to.
-    static Colors PartsOf(const Colors& sums) {
-        return {sums.red & 0xF800, (sums.green >> 5) & 0x07E0, sums.blue >> 11};
-    }
-    static Block Join(const Colors& parts) { return parts.red | parts.green | parts.blue; }
-    static Block Pack(const Colors& sums) { return Join(PartsOf(sums)); }
-
-    static Colors SplatChannels(std::uint32_t color) {
+    static Colors SplatColor(std::uint32_t color) {
         return {L::SplatHalf(color >> 16 & 0xFF), L::SplatHalf(color >> 8 & 0xFF),
                 L::SplatHalf(color & 0xFF)};
     }
 
-    /// A rule for each channel of pixels by itself: computed, or, where an instruction looks halves
-    /// up in tables of 32 or 64, as many as a channel has values, looked up.
-    template <class Rule>
-    struct ComputedChannels {
-        Rule rule;
-        explicit ComputedChannels(const Rule& channelRule) : rule(channelRule) {}
-        Colors Of(Block old) const { return rule(old); }
-    };
-    template <class Rule>
-    struct TabledChannels {
-        Block red, greenLow, greenHigh, blue;
-        explicit TabledChannels(const Rule& rule) {
-            const Block value = L::Indices();
-            red = rule(value << 11).red;
-            greenLow = rule(value << 5).green;
-            greenHigh = rule((value + 32) << 5).green;
-            blue = rule(value).blue;
-        }
-        Colors Of(Block old) const {
-            return {L::Lookup(red, old >> 11), L::Lookup(greenLow, greenHigh, old >> 5),
-                    L::Lookup(blue, old)};
-        }
-    };
-    static constexpr bool kLooksUp = requires(Block half) { L::Lookup(half, half); };
-    template <class Rule>
-    using Channels = std::conditional_t<kLooksUp, TabledChannels<Rule>, ComputedChannels<Rule>>;
+    template <class Weights>
+    static Block Mix(Block old, const Colors& colors, const Weights& weights) {
+        const auto mix = [&weights](Block from, Block to) {
+            return MixTowards(weights, from, to, MixHalves<Block>);
+        };
+        const Colors wide = ChannelsOf(old);
+        return Join(PartsOf({mix(wide.red, colors.red), mix(wide.green, colors.green),
+                             mix(wide.blue, colors.blue)}));
+    }
 
-    /// The parts of pixels blended with one colour of one alpha. Looked up, they take 0.45 of the
-    /// time.
-    struct BlendedParts {
+    /// Each channel of a pixel by itself.
+    struct ComputedSolid {
         Block weight;
         Colors shares;
 
-        explicit BlendedParts(std::uint32_t color)
-            : weight(L::SplatHalf(OldWeight(AlphaOf(color)))), shares(SplatChannels(color)) {
+        explicit ComputedSolid(std::uint32_t color)
+            : weight(L::SplatHalf(OldWeight(AlphaOf(color)))), shares(SplatColor(color)) {
             const Block colorWeight = 256 - weight;
             shares.red *= colorWeight;
             shares.green *= colorWeight;
             shares.blue *= colorWeight;
         }
-        Colors operator()(Block old) const {
+        Colors Parts(Block old) const {
             const Colors wide = ChannelsOf(old);
             return PartsOf({wide.red * weight + shares.red, wide.green * weight + shares.green,
                             wide.blue * weight + shares.blue});
         }
-    };
-    struct Solid {
-        Channels<BlendedParts> parts;
-        explicit Solid(std::uint32_t color) : parts(BlendedParts(color)) {}
-        Block Blend(Block old) const { return Join(parts.Of(old)); }
+        Block Blend(Block old) const { return Join(Parts(old)); }
     };
 
-    /// One colour to mix with by many alphas.
-    struct Difference {
-        Colors colors;
-        Colors operator()(Block old) const {
-            const Colors wide = ChannelsOf(old);
-            return {wide.red - colors.red, wide.green - colors.green, wide.blue - colors.blue};
+    /// Where an instruction looks halves up in tables of 32 or 64, as many as a channel has values.
+    struct TabledSolid {
+        Block red, greenLow, greenHigh, blue;
+
+        explicit TabledSolid(std::uint32_t color) {
+            const ComputedSolid solid(color);
+            const Block value = L::Indices();
+            red = solid.Parts(value << 11).red;
+            greenLow = solid.Parts(value << 5).green;
+            greenHigh = solid.Parts((value + 32) << 5).green;
+            blue = solid.Parts(value).blue;
+        }
+        Block Blend(Block old) const {
+            return Join({L::Lookup(red, old >> 11), L::Lookup(greenLow, greenHigh, old >> 5),
+                         L::Lookup(blue, old)});
         }
     };
-    struct OneColor {
-        Colors colors256;
-        Channels<Difference> differences;
-    };
-    static OneColor SplatColor(std::uint32_t color) {
-        const Colors colors = SplatChannels(color);
-        return {{colors.red << 8, colors.green << 8, colors.blue << 8},
-                Channels<Difference>(Difference{colors})};
-    }
-    template <bool kAreOfColors>
-    static Block Mix(Block old, const OneColor& color,
-                     const Weights<Block, kAreOfColors>& weights) {
-        const Colors differences = color.differences.Of(old);
-        const Block weight = weights.Old();
-        return Pack({differences.red * weight + color.colors256.red,
-                     differences.green * weight + color.colors256.green,
-                     differences.blue * weight + color.colors256.blue});
-    }
+    static constexpr bool kLooksUp = requires(Block half) { L::Lookup(half, half); };
+    using Solid = std::conditional_t<kLooksUp, TabledSolid, ComputedSolid>;
 
     using Expanded = Words;
     template <class Count>
@@ -240,14 +170,32 @@ struct Rgb565Lanes : HalfLanes<L> {
         const Block alphaRed = wide.red | L::SplatHalf(alpha << 8);
         return Words::Interleave(wide.blue | wide.green << 8, alphaRed);
     }
+
+private:
+    /// The channels of pixels, widened to 8 bits. A channel at the top of its half, times 264 = 2^8
+    /// + 2^3 (6 bits: 8320 = 2^13 + 2^7, from its own place), shifted down by 16, is the bit
+    /// replication.
+    static Colors ChannelsOf(Block pixels) {
+        return {L::MulHigh(pixels & 0xF800, L::SplatHalf(264)),
+                L::MulHigh(pixels & 0x07E0, L::SplatHalf(8320)),
+                L::MulHigh(pixels << 11, L::SplatHalf(264))};
+    }
+
+    /// The parts of pixels that 256 times their channels come to:
+    /// [RRRRR... ........] [GGGGGG.. ........] [BBBBB... ........] to [RRRRRGGG GGGBBBBB]
+    static Colors PartsOf(const Colors& sums) {
+        return {sums.red & 0xF800, (sums.green >> 5) & 0x07E0, sums.blue >> 11};
+    }
+    static Block Join(const Colors& parts) { return parts.red | parts.green | parts.blue; }
 };
 
 template <class L>
-struct Color32Lanes {
+struct FormatLanes<PixelFormat::Color32, L> {
     using Format = Color32;
     using Block = typename L::U32;
     using Halves = typename L::U16;
     using Alphas = Halves;  // a pixel's in both halves of its word
+    using Words = Block;
     using Colors = Block;
     static constexpr unsigned kPixels = L::kWords;
 
@@ -259,36 +207,26 @@ struct Color32Lanes {
     static void Store(std::uint8_t* p, Block pixels, Count count) {
         L::StoreWords(p, pixels, count);
     }
-    static Colors SplatColor(std::uint32_t color) { return L::SplatWord(color); }
+    template <class Count>
+    static Words LoadWords(const std::uint8_t* p, Count count) {
+        return L::LoadWords(p, count);
+    }
     template <class Count>
     static Alphas LoadMask(const std::uint8_t* p, Count count) {
         return L::LoadBytesAsUpper(p, count);
     }
-
-    struct Words {
-        Block words;
-
-        template <class Count>
-        static Words Load(const std::uint8_t* p, Count count) {
-            return {L::LoadWords(p, count)};
-        }
-        bool AreOpaque() const { return L::AreTopBytesZero(words); }
-        bool AreInvisible() const { return L::AreTopBytesFull(words); }
-    };
-    static Alphas AlphasOf(const Words& words) { return L::TopBytes(words.words); }
-    static Block Matches(const Words& words, std::uint32_t key) {
-        return L::AsWords(words.words == key);
-    }
-    static Block FromWords(const Words& words) { return words.words; }
-    static Colors ColorsOf(const Words& words) { return words.words; }
+    static Alphas AlphasOf(Words words) { return L::TopBytes(words); }
+    static Block Matches(Words words, std::uint32_t key) { return L::AsWords(words == key); }
+    static Block FromWords(Words words) { return words; }
+    static Colors ColorsOf(Words words) { return words; }
+    static Colors SplatColor(std::uint32_t color) { return L::SplatWord(color); }
 
     /// A half holds an upper channel u and a lower one l, which go by their differences du and dl
-    /// times the weight w / 256 towards the other pixel's, as bytes, modulo 256. The upper change
-    /// is the upper byte of du w. For the lower one whole halves are subtracted: their product is
-    /// 256 du w + dl w, so its upper byte less du w is the upper byte of dl w. With AVX-512
-    /// blending words takes a third less than with each channel cut out first.
-    template <bool kAreOfColors>
-    static Block Mix(Block old, Colors colors, const Weights<Halves, kAreOfColors>& weights) {
+    /// times the weight w / 256 towards the other pixel's, as bytes, modulo 256:
+    ///     [du w     ] upper = (to.u - from.u) w           its upper byte is the change of u
+    ///     [256 du w + dl w] both = (to - from) w          its upper byte, less du w, is that of l
+    template <class Weights>
+    static Block Mix(Block old, Colors colors, const Weights& weights) {
         return MixTowards(weights, old, colors, [old](Block from, Block to, Halves weight) {
             const Halves fromHalves = L::AsHalves(from);
             const Halves toHalves = L::AsHalves(to);
@@ -296,11 +234,6 @@ struct Color32Lanes {
             const Halves both = (toHalves - fromHalves) * weight >> 8;
             return L::AddBelowTop(old, from, L::AsWords(L::WithLowerDifference(upper, both)));
         });
-    }
-
-    /// Opaque colours, as blending stores them: over the old alpha bytes.
-    static Block PutOpaque(const std::uint8_t* old, const Words& words) {
-        return KeepWhere(L::SplatWord(0xFF000000U), Load(old, All{}), words.words);
     }
 
     struct Solid {
@@ -323,7 +256,7 @@ struct Color32Lanes {
         }
     };
 
-    using Expanded = Color32Lanes;
+    using Expanded = FormatLanes;
     template <class Count>
     static Block Expand(const std::uint8_t* pixels, std::uint32_t, Count count) {
         return Load(pixels, count);

@@ -1,9 +1,9 @@
 // What every set of vector wrappers shares: which of a row's pixels a block holds, and moving a few
 // bytes to and from a register without reading or writing beyond them.
 //
-// A block is one vector register's worth of pixels. Wrappers take `All` for a whole block, and for
-// a row shorter than a block what their instructions suit: `Ends`, or `Some` where moves have
-// masks. Lanes without a pixel have any value and are not stored.
+// A block is one vector register's worth of pixels. Wrappers take `All` for a whole block, and
+// `Ends` for a row shorter than a block. Lanes without a pixel have any value and are not stored.
+// What a set of wrappers must offer, and what each member means, stands in contracts.h.
 //
 // Unnamed namespace: see pixel_format.h.
 #ifndef GFX_SURFACE_ROWS_LANES_H
@@ -17,15 +17,10 @@ namespace {
 
 struct All {};
 
-/// The first n pixels.
-struct Some {
-    unsigned n;
-};
-
 /// The first k and the last k of n pixels, side by side: k <= n <= 2 k, so that they hold all of
 /// them. What stands in both comes out the same in both, since a pixel's result depends on nothing
 /// but that pixel. Two plain moves each way, where cutting a block off at n takes shifts and a
-/// branch for each size: glyphs take half the time with AVX2 and three quarters with SSE2.
+/// branch for each size.
 template <unsigned k>
 struct Ends {
     unsigned n;
@@ -38,28 +33,19 @@ struct Ends {
 };
 
 /// Calls use(count) for the n pixels, 0 < n < kPixels, of a row shorter than a block.
-template <class L, unsigned kPixels, class Use>
-inline auto UseFew(unsigned n, Use use) {
-    if constexpr (L::kHasMasks) {
-        return use(Some{n});
-    } else {
-        constexpr unsigned kHalf = kPixels / 2;
-        if constexpr (kHalf > 1) {
-            if (n < kHalf) return UseFew<L, kHalf>(n, use);
-        }
-        return use(Ends<kHalf>{n});
+template <unsigned kPixels, class Use>
+inline auto UseEnds(unsigned n, Use use) {
+    constexpr unsigned kHalf = kPixels / 2;
+    if constexpr (kHalf > 1) {
+        if (n < kHalf) return UseEnds<kHalf>(n, use);
     }
+    return use(Ends<kHalf>{n});
 }
 
 /// The same, or for all pixels of a block.
-template <class L, unsigned kPixels, class Use>
+template <unsigned kPixels, class Use>
 inline auto UseOneBlock(unsigned n, Use use) {
-    return n < kPixels ? UseFew<L, kPixels>(n, use) : use(All{});
-}
-
-/// A mask of the first n of up to 64 units.
-inline std::uint64_t First(unsigned n) {
-    return n >= 64 ? ~std::uint64_t{0} : (std::uint64_t{1} << n) - 1;
+    return n < kPixels ? UseEnds<kPixels>(n, use) : use(All{});
 }
 
 template <class T>
@@ -107,14 +93,14 @@ inline void StoreRuns(std::uint8_t* first, std::uint8_t* last, std::uint64_t run
 
 /// The vector types of a register, and plain loads and stores of bytes, 16-bit halves and 32-bit
 /// words. Arithmetic on the types is the compiler's own; it wraps. `Register` moves all of its
-/// bytes, and the first few units or two runs of bytes, between memory and the intrinsics' type.
+/// bytes, or two runs of them, between memory and the intrinsics' type.
 template <class Register>
 struct BasicLanes {
     static constexpr unsigned kBytes = Register::kBytes;
     static constexpr unsigned kHalves = kBytes / 2;
     static constexpr unsigned kWords = kBytes / 4;
-    static constexpr bool kHasMasks = Register::kHasMasks;
-    static constexpr bool kHasFastMulHigh = Register::kHasFastMulHigh;  // in one instruction
+    static constexpr bool kTakesShortRows = Register::kTakesShortRows;
+    static constexpr bool kHasFastMulHigh = Register::kHasFastMulHigh;
     typedef std::uint8_t U8 __attribute__((vector_size(kBytes)));
     typedef std::uint16_t U16 __attribute__((vector_size(kBytes)));
     typedef std::uint32_t U32 __attribute__((vector_size(kBytes)));
@@ -124,14 +110,9 @@ struct BasicLanes {
     static U16 SplatHalf(std::uint32_t value) { return U16{} + static_cast<std::uint16_t>(value); }
     static U32 SplatWord(std::uint32_t value) { return U32{} + value; }
 
-    /// Pixels of kUnit bytes.
     template <unsigned kUnit>
     static Raw Load(const std::uint8_t* p, All) {
         return Register::Load(p);
-    }
-    template <unsigned kUnit>
-    static Raw Load(const std::uint8_t* p, Some some) {
-        return Register::template Load<kUnit>(p, some.n);
     }
     template <unsigned kUnit, unsigned k>
     static Raw Load(const std::uint8_t* p, Ends<k> ends) {
@@ -140,10 +121,6 @@ struct BasicLanes {
     template <unsigned kUnit>
     static void Store(std::uint8_t* p, Raw v, All) {
         Register::Store(p, v);
-    }
-    template <unsigned kUnit>
-    static void Store(std::uint8_t* p, Raw v, Some some) {
-        Register::template StoreUnder<kUnit>(First(some.n), p, v);
     }
     template <unsigned kUnit, unsigned k>
     static void Store(std::uint8_t* p, Raw v, Ends<k> ends) {
@@ -175,38 +152,19 @@ struct BasicLanes {
         Store<4>(p, AsRaw(v), count);
     }
 
-    /// A mask of the units that are equal: of bits, or in a register.
     template <unsigned kUnit>
-    static auto EqualUnits(Raw a, Raw b) {
-        if constexpr (kHasMasks) {
-            return Register::template EqualUnits<kUnit>(a, b);
-        } else if constexpr (kUnit == 1) {
-            return AsBytes(AsBytes(a) == AsBytes(b));
-        } else if constexpr (kUnit == 2) {
-            return AsBytes(AsHalves(a) == AsHalves(b));
-        } else {
-            return AsBytes(AsWords(a) == AsWords(b));
-        }
-    }
-    template <unsigned kUnit>
-    static void StoreUnder(std::uint64_t mask, std::uint8_t* p, Raw v, All) {
-        Register::template StoreUnder<kUnit>(mask, p, v);
-    }
-    template <unsigned kUnit>
-    static void StoreUnder(std::uint64_t mask, std::uint8_t* p, Raw v, Some some) {
-        Register::template StoreUnder<kUnit>(mask & First(some.n), p, v);
+    static U8 EqualUnits(Raw a, Raw b) {
+        static_assert(kUnit == 1 || kUnit == 2 || kUnit == 4);
+        if constexpr (kUnit == 1) return AsBytes(AsBytes(a) == AsBytes(b));
+        if constexpr (kUnit == 2) return AsBytes(AsHalves(a) == AsHalves(b));
+        if constexpr (kUnit == 4) return AsBytes(AsWords(a) == AsWords(b));
     }
 
-    /// The top byte of each word as the upper byte of both of its halves.
     static U16 TopBytes(U32 words) {
         const U32 tops = words & 0xFF000000U;
         return AsHalves(tops | tops >> 16);
     }
-
-    /// Of each half the upper byte of v, and the lower one of `of` less that of v.
     static U16 WithLowerDifference(U16 v, U16 of) { return (v & 0xFF00) | ((of - v) & 0x00FF); }
-
-    /// The bytes of a + b, but the top one of each word, which is old's.
     static U32 AddBelowTop(U32 old, U32 a, U32 b) {
         return (AsWords(AsBytes(a) + AsBytes(b)) & 0x00FFFFFFU) | (old & 0xFF000000U);
     }

@@ -13,7 +13,7 @@ namespace {
 /// below words and are slow on some processors.
 struct Register256 {
     static constexpr unsigned kBytes = 32;
-    static constexpr bool kHasMasks = false;
+    static constexpr bool kTakesShortRows = true;
     static constexpr bool kHasFastMulHigh = true;
     using Raw = __m256i;
 
@@ -31,14 +31,6 @@ struct Register256 {
     static void Store(std::uint8_t* p, __m256i v) {
         _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), v);
     }
-    /// Up to 8 bytes, in each half of the register.
-    static __m256i LoadEightTwice(const std::uint8_t* p, All) {
-        return _mm256_set1_epi64x(LoadAs<long long>(p));
-    }
-    template <unsigned k>
-    static __m256i LoadEightTwice(const std::uint8_t* p, Ends<k> ends) {
-        return _mm256_broadcastq_epi64(Lanes128::Load<1>(p, ends));
-    }
     template <unsigned kRun>
     static void StoreTwo(std::uint8_t* first, std::uint8_t* last, __m256i v) {
         const __m128i low = _mm256_castsi256_si128(v);
@@ -51,59 +43,7 @@ struct Register256 {
     }
 };
 
-/// What 256-bit vectors have in common, whether or not their moves have masks.
-template <class Register>
-struct Avx2Lanes : BasicLanes<Register> {
-    using Base = BasicLanes<Register>;
-    using Base::AsHalves;
-    using Base::AsRaw;
-    using Base::AsWords;
-    using typename Base::U16;
-    using typename Base::U32;
-
-    /// A byte a word: as the upper byte of both of its halves, and as all of its bytes.
-    template <class Count>
-    static U16 LoadBytesAsUpper(const std::uint8_t* p, Count count) {
-        return AsHalves(
-            Shuffle(Register::LoadEightTwice(p, count), WordIndices() * 0x01000100U + 0x00800080U));
-    }
-    template <class Count>
-    static U32 LoadBytesFourTimes(const std::uint8_t* p, Count count) {
-        return AsWords(Shuffle(Register::LoadEightTwice(p, count), WordIndices() * 0x01010101U));
-    }
-    static U16 TopBytes(U32 words) {
-        return AsHalves(Shuffle(AsRaw(words), WordIndices() * 0x04000400U + 0x03800380U));
-    }
-    static U16 WithLowerDifference(U16 v, U16 of) {
-        return AsHalves(
-            _mm256_blendv_epi8(AsRaw(of - v), AsRaw(v), AsRaw(Base::SplatHalf(0xFF00))));
-    }
-    static U32 AddBelowTop(U32 old, U32 a, U32 b) {
-        const __m256i sums = _mm256_add_epi8(AsRaw(a), AsRaw(b));
-        return AsWords(_mm256_blendv_epi8(sums, AsRaw(old), AsRaw(Base::SplatWord(0xFF000000U))));
-    }
-
-    /// The high 16 bits of each product.
-    static U16 MulHigh(U16 a, U16 b) { return AsHalves(_mm256_mulhi_epu16(AsRaw(a), AsRaw(b))); }
-
-    /// The sums of the products of neighbouring halves, all below 2^15.
-    static U32 MulAddPairs(U16 a, U16 b) { return AsWords(_mm256_madd_epi16(AsRaw(a), AsRaw(b))); }
-
-    static bool AreTopBytesZero(U32 words) {
-        return _mm256_testz_si256(AsRaw(words), AsRaw(Base::SplatWord(0xFF000000U))) != 0;
-    }
-    static bool AreTopBytesFull(U32 words) {
-        return _mm256_testc_si256(AsRaw(words), AsRaw(Base::SplatWord(0xFF000000U))) != 0;
-    }
-
-private:
-    static U32 WordIndices() { return U32{0, 1, 2, 3, 4, 5, 6, 7}; }
-    static __m256i Shuffle(__m256i bytes, U32 places) {
-        return _mm256_shuffle_epi8(bytes, AsRaw(places));
-    }
-};
-
-struct Lanes256 : Avx2Lanes<Register256> {
+struct Lanes256 : BasicLanes<Register256> {
     static U16 LoadBytesAsHalves(const std::uint8_t* p, All) {
         return AsHalves(_mm256_cvtepu8_epi16(Register128::Load(p)));
     }
@@ -111,12 +51,32 @@ struct Lanes256 : Avx2Lanes<Register256> {
     static U16 LoadBytesAsHalves(const std::uint8_t* p, Ends<k> ends) {
         return AsHalves(_mm256_cvtepu8_epi16(Lanes128::Load<1>(p, ends)));
     }
+    template <class Count>
+    static U16 LoadBytesAsUpper(const std::uint8_t* p, Count count) {
+        return AsHalves(
+            Shuffle(LoadEightTwice(p, count), WordIndices() * 0x01000100U + 0x00800080U));
+    }
+    template <class Count>
+    static U32 LoadBytesFourTimes(const std::uint8_t* p, Count count) {
+        return AsWords(Shuffle(LoadEightTwice(p, count), WordIndices() * 0x01010101U));
+    }
     static void StoreHalvesAsBytes(std::uint8_t* p, U16 v, All) {
         Register128::Store(p, NarrowHalves(v));
     }
     template <unsigned k>
     static void StoreHalvesAsBytes(std::uint8_t* p, U16 v, Ends<k> ends) {
         Lanes128::Store<1>(p, NarrowHalves(v), ends);
+    }
+
+    static U16 TopBytes(U32 words) {
+        return AsHalves(Shuffle(AsRaw(words), WordIndices() * 0x04000400U + 0x03800380U));
+    }
+    static U16 WithLowerDifference(U16 v, U16 of) {
+        return AsHalves(_mm256_blendv_epi8(AsRaw(of - v), AsRaw(v), AsRaw(SplatHalf(0xFF00))));
+    }
+    static U32 AddBelowTop(U32 old, U32 a, U32 b) {
+        const __m256i sums = _mm256_add_epi8(AsRaw(a), AsRaw(b));
+        return AsWords(_mm256_blendv_epi8(sums, AsRaw(old), Tops()));
     }
 
     static U16 PackLow(U32 a, U32 b) {
@@ -139,7 +99,25 @@ struct Lanes256 : Avx2Lanes<Register256> {
                                                  0x31));
     }
 
+    static U16 MulHigh(U16 a, U16 b) { return AsHalves(_mm256_mulhi_epu16(AsRaw(a), AsRaw(b))); }
+    static U32 MulAddPairs(U16 a, U16 b) { return AsWords(_mm256_madd_epi16(AsRaw(a), AsRaw(b))); }
+    static bool AreTopBytesZero(U32 words) { return _mm256_testz_si256(AsRaw(words), Tops()) != 0; }
+    static bool AreTopBytesFull(U32 words) { return _mm256_testc_si256(AsRaw(words), Tops()) != 0; }
+
 private:
+    static __m256i Tops() { return AsRaw(SplatWord(0xFF000000U)); }
+    static U32 WordIndices() { return U32{0, 1, 2, 3, 4, 5, 6, 7}; }
+    static __m256i Shuffle(__m256i bytes, U32 places) {
+        return _mm256_shuffle_epi8(bytes, AsRaw(places));
+    }
+    /// Up to 8 bytes, in each half of the register.
+    static __m256i LoadEightTwice(const std::uint8_t* p, All) {
+        return _mm256_set1_epi64x(LoadAs<long long>(p));
+    }
+    template <unsigned k>
+    static __m256i LoadEightTwice(const std::uint8_t* p, Ends<k> ends) {
+        return _mm256_broadcastq_epi64(Lanes128::Load<1>(p, ends));
+    }
     // AVX2 packs each half of the register by itself: the quarters come out as 0, 2, 1, 3.
     static U16 InOrder(__m256i v) { return AsHalves(_mm256_permute4x64_epi64(v, 0xD8)); }
     static __m128i NarrowHalves(U16 v) {

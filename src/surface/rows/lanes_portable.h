@@ -12,7 +12,7 @@ typedef std::uint64_t TwoWords64 __attribute__((vector_size(16)));
 
 struct PortableRegister {
     static constexpr unsigned kBytes = 16;
-    static constexpr bool kHasMasks = false;
+    static constexpr bool kTakesShortRows = true;
     static constexpr bool kHasFastMulHigh = false;
     using Raw = TwoWords64;
 
@@ -45,7 +45,6 @@ struct PortableLanes : BasicLanes<PortableRegister> {
     static U16 LoadBytesAsHalves(const std::uint8_t* p, Ends<k> ends) {
         return WidenBytes(Load<1>(p, ends));
     }
-    /// A byte a word: as the upper byte of both of its halves, and as all of its bytes.
     template <class Count>
     static U16 LoadBytesAsUpper(const std::uint8_t* p, Count count) {
         const U16 halves = WidenBytes(LoadFour(p, count)) << 8;
@@ -57,7 +56,6 @@ struct PortableLanes : BasicLanes<PortableRegister> {
         return AsWords(
             __builtin_shufflevector(bytes, bytes, 0, 0, 0, 0, 1, 1, 1, 1, 2, 2, 2, 2, 3, 3, 3, 3));
     }
-    /// Halves must not exceed 255.
     static void StoreHalvesAsBytes(std::uint8_t* p, U16 v, All) {
         StoreAs<std::uint64_t>(p, AsRaw(NarrowHalves(v))[0]);
     }
@@ -66,7 +64,6 @@ struct PortableLanes : BasicLanes<PortableRegister> {
         Store<1>(p, AsRaw(NarrowHalves(v)), ends);
     }
 
-    /// The low, or high, halves of the words of two blocks, in their order.
     static U16 PackLow(U32 a, U32 b) {
         return __builtin_shufflevector(AsHalves(a), AsHalves(b), 0, 2, 4, 6, 8, 10, 12, 14);
     }
@@ -74,28 +71,21 @@ struct PortableLanes : BasicLanes<PortableRegister> {
         return __builtin_shufflevector(AsHalves(a), AsHalves(b), 1, 3, 5, 7, 9, 11, 13, 15);
     }
 
-    /// Words of pairs of halves: the lower halves of `low`, the upper ones of `high`. The first of
-    /// the two registers, and the second.
     static U32 InterleaveFirst(U16 low, U16 high) {
         return AsWords(__builtin_shufflevector(low, high, 0, 8, 1, 9, 2, 10, 3, 11));
     }
     static U32 InterleaveSecond(U16 low, U16 high) {
         return AsWords(__builtin_shufflevector(low, high, 4, 12, 5, 13, 6, 14, 7, 15));
     }
-
-    /// The high 16 bits of each product.
     static U16 MulHigh(U16 a, U16 b) {
         const U32 even = EvenHalves(a) * EvenHalves(b);
         const U32 odd = (AsWords(a) >> 16) * (AsWords(b) >> 16);
         return AsHalves((even >> 16) | (odd & 0xFFFF0000U));
     }
-
-    /// The sums of the products of neighbouring halves, all below 2^15.
     static U32 MulAddPairs(U16 a, U16 b) {
         return EvenHalves(a) * EvenHalves(b) + (AsWords(a) >> 16) * (AsWords(b) >> 16);
     }
 
-    /// Whether the top byte of each word is 0, and whether each is 255.
     static bool AreTopBytesZero(U32 words) {
         const Raw tops = AsRaw(words & 0xFF000000U);
         return (tops[0] | tops[1]) == 0;

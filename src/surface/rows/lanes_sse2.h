@@ -12,7 +12,7 @@ namespace {
 /// Loads and stores of 16 bytes, or of two runs of up to 8.
 struct Register128 {
     static constexpr unsigned kBytes = 16;
-    static constexpr bool kHasMasks = false;
+    static constexpr bool kTakesShortRows = true;
     static constexpr bool kHasFastMulHigh = true;
     using Raw = __m128i;
 
@@ -60,7 +60,6 @@ struct Lanes128 : BasicLanes<Register128> {
     static U16 LoadBytesAsHalves(const std::uint8_t* p, Ends<k> ends) {
         return AsHalves(WidenBytes(Load<1>(p, ends)));
     }
-    /// A byte a word: as the upper byte of both of its halves, and as all of its bytes.
     template <class Count>
     static U16 LoadBytesAsUpper(const std::uint8_t* p, Count count) {
         return AsHalves(Double16(_mm_unpacklo_epi8(_mm_setzero_si128(), LoadFour(p, count))));
@@ -70,7 +69,6 @@ struct Lanes128 : BasicLanes<Register128> {
         const __m128i bytes = LoadFour(p, count);
         return AsWords(Double16(_mm_unpacklo_epi8(bytes, bytes)));
     }
-    /// Halves must not exceed 255.
     static void StoreHalvesAsBytes(std::uint8_t* p, U16 v, All) {
         Register128::StoreLow(p, _mm_packus_epi16(AsRaw(v), AsRaw(v)));
     }
@@ -79,8 +77,8 @@ struct Lanes128 : BasicLanes<Register128> {
         Store<1>(p, _mm_packus_epi16(AsRaw(v), AsRaw(v)), ends);
     }
 
-    /// The low, or high, halves of the words of two blocks, in their order. There is no unsigned
-    /// packing of words before SSE4.1: halves sign-extended to words pack unchanged.
+    /// There is no unsigned packing of words before SSE4.1: halves sign-extended to words pack
+    /// unchanged.
     static U16 PackLow(U32 a, U32 b) {
         return AsHalves(_mm_packs_epi32(_mm_srai_epi32(_mm_slli_epi32(AsRaw(a), 16), 16),
                                         _mm_srai_epi32(_mm_slli_epi32(AsRaw(b), 16), 16)));
@@ -90,22 +88,15 @@ struct Lanes128 : BasicLanes<Register128> {
             _mm_packs_epi32(_mm_srai_epi32(AsRaw(a), 16), _mm_srai_epi32(AsRaw(b), 16)));
     }
 
-    /// Words of pairs of halves: the lower halves of `low`, the upper ones of `high`. The first of
-    /// the two registers, and the second.
     static U32 InterleaveFirst(U16 low, U16 high) {
         return AsWords(_mm_unpacklo_epi16(AsRaw(low), AsRaw(high)));
     }
     static U32 InterleaveSecond(U16 low, U16 high) {
         return AsWords(_mm_unpackhi_epi16(AsRaw(low), AsRaw(high)));
     }
-
-    /// The high 16 bits of each product.
     static U16 MulHigh(U16 a, U16 b) { return AsHalves(_mm_mulhi_epu16(AsRaw(a), AsRaw(b))); }
-
-    /// The sums of the products of neighbouring halves, all below 2^15.
     static U32 MulAddPairs(U16 a, U16 b) { return AsWords(_mm_madd_epi16(AsRaw(a), AsRaw(b))); }
 
-    /// Whether the top byte of each word is 0, and whether each is 255.
     static bool AreTopBytesZero(U32 words) {
         return (_mm_movemask_epi8(_mm_cmpeq_epi8(AsRaw(words), _mm_setzero_si128())) & 0x8888) ==
                0x8888;

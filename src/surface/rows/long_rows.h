@@ -33,7 +33,7 @@ inline void ForVectors(std::size_t first, std::size_t n, Step step) {
 
 /// Stores a pattern of pixels of kUnit bytes along n bytes, more than a vector. Between the first
 /// vector and the last, which lie where they must, all lie on boundaries, or next to them where the
-/// pixels do not: stores across two cache lines take a third longer.
+/// pixels do not: stores across two cache lines take longer.
 template <class L, std::size_t kUnit>
 inline void FillLong(std::uint8_t* p, std::size_t n, typename L::Raw pattern) {
     L::template Store<kUnit>(p, pattern, All{});
@@ -45,8 +45,7 @@ inline void FillLong(std::uint8_t* p, std::size_t n, typename L::Raw pattern) {
 }
 
 /// Copies n bytes, more than a vector, to memory that is apart from theirs. Stores lie on
-/// boundaries but for the first and the last: memmove, which does so for some lengths only, was
-/// seen to take up to twice as long on rows that lie anywhere, and ten times at some distances.
+/// boundaries but for the first and the last; memmove does so for some lengths only.
 template <class L>
 inline void CopyApart(std::uint8_t* to, const std::uint8_t* from, std::size_t n) {
     L::StoreBytes(to, L::LoadBytes(from, All{}), All{});
@@ -60,10 +59,9 @@ inline void CopyApart(std::uint8_t* to, const std::uint8_t* from, std::size_t n)
 /// is chosen once for many rows. Up to four vectors are loaded before the first is stored.
 template <class L, class Use>
 inline void WithCopy(std::size_t n, Use use) {
-    using Byte = std::uint8_t;
     if (n == 0) return;
     if (n <= L::kBytes) {
-        return UseOneBlock<L, L::kBytes>(static_cast<unsigned>(n), [&](auto count) {
+        return UseOneBlock<L::kBytes>(static_cast<unsigned>(n), [&](auto count) {
             use([count](Byte* to, const Byte* from) {
                 L::StoreBytes(to, L::LoadBytes(from, count), count);
             });

@@ -2,7 +2,7 @@
 // Products are formed in 16-bit lanes, modulo 2^16. Either 256 times a mixed channel is summed
 // there: (to - from) * weight + (from << 8) is exact, because the true value to * weight + from *
 // (256 - weight) lies in 0..65,280. Or (to - from) * weight >> 8 is added to `from` as bytes, which
-// is exact modulo 256.
+// is exact modulo 256 (Color32).
 // Unnamed namespace: see pixel_format.h.
 #ifndef GFX_SURFACE_ROWS_MIX_LANES_H
 #define GFX_SURFACE_ROWS_MIX_LANES_H
@@ -28,25 +28,25 @@ inline U16 MixHalves(U16 from, U16 to, U16 weights) {
     return (to - from) * weights + (from << 8);
 }
 
-/// How many 256ths of a mixed channel are the old pixel's, and how many the colour's. A rule gives
-/// one of the two, and what can start from either pixel need not compute the other.
-template <class U16, bool kAreOfColors>
-struct Weights {
+/// How many 256ths of a mixed channel are the old pixel's, or the colour's.
+template <class U16>
+struct OldWeights {
     U16 given;
-    U16 Old() const { return kAreOfColors ? 256 - given : given; }
-    U16 Color() const { return kAreOfColors ? given : 256 - given; }
 };
 template <class U16>
-using OldWeights = Weights<U16, false>;
-template <class U16>
-using ColorWeights = Weights<U16, true>;
+struct ColorWeights {
+    U16 given;
+};
 
 /// Mixes by mix(from, to, weights), which starts from one of the two and goes by weights / 256
 /// towards the other: the one whose weights are given.
-template <class U16, bool kAreOfColors, class Pixels, class Mix>
-inline Pixels MixTowards(const Weights<U16, kAreOfColors>& weights, Pixels old, Pixels colors,
-                         Mix mix) {
-    return kAreOfColors ? mix(old, colors, weights.given) : mix(colors, old, weights.given);
+template <class U16, class Pixels, class Mix>
+inline Pixels MixTowards(const OldWeights<U16>& weights, Pixels old, Pixels colors, Mix mix) {
+    return mix(colors, old, weights.given);
+}
+template <class U16, class Pixels, class Mix>
+inline Pixels MixTowards(const ColorWeights<U16>& weights, Pixels old, Pixels colors, Mix mix) {
+    return mix(old, colors, weights.given);
 }
 
 /// Under alphas that stand in the upper bytes of halves, with nothing below; see OldWeight.
@@ -60,21 +60,21 @@ inline OldWeights<typename L::U16> WeightsUnder(typename L::U16 alphas) {
     }
 }
 
-/// Of colours whose opaque share, 255 less the alpha, is 0..255.
+/// Of colours by their opacity, 255 less the alpha.
 template <class U16>
-inline ColorWeights<U16> WeightsOfShares(U16 shares) {
-    return {shares + (shares >> 7)};
+inline ColorWeights<U16> WeightsOfOpacities(U16 opacities) {
+    return {opacities + (opacities >> 7)};
 }
 
-/// The colours' weights where the opaque share is scaled by k <= 256, see scaleAlpha.
+/// The colours' weights where the opacity is scaled by k <= 256, see scaleAlpha.
 template <class L>
 inline ColorWeights<typename L::U16> ScaledWeights(typename L::U16 alphas, std::uint32_t k) {
-    const typename L::U16 shares = alphas ^ 0xFF00;  // in the upper bytes
+    const typename L::U16 opacities = alphas ^ 0xFF00;  // in the upper bytes
     const auto factor = L::SplatHalf(k);
     if constexpr (L::kHasFastMulHigh) {
-        return WeightsOfShares(L::MulHigh(shares, factor));
+        return WeightsOfOpacities(L::MulHigh(opacities, factor));
     } else {
-        return WeightsOfShares<typename L::U16>((shares >> 8) * factor >> 8);
+        return WeightsOfOpacities<typename L::U16>((opacities >> 8) * factor >> 8);
     }
 }
 
@@ -82,9 +82,9 @@ inline ColorWeights<typename L::U16> ScaledWeights(typename L::U16 alphas, std::
 /// (x + 128 + (x + 128 >> 8)) >> 8 for x up to 65,025.
 template <class L>
 inline ColorWeights<typename L::U16> MaskedWeights(typename L::U16 masks, std::uint32_t alpha) {
-    const typename L::U16 shares = (masks ^ 0xFF00) >> 8;
-    const typename L::U16 biased = shares * L::SplatHalf(255 - alpha) + 128;
-    return WeightsOfShares<typename L::U16>((biased + (biased >> 8)) >> 8);
+    const typename L::U16 opacities = (masks ^ 0xFF00) >> 8;
+    const typename L::U16 biased = opacities * L::SplatHalf(255 - alpha) + 128;
+    return WeightsOfOpacities<typename L::U16>((biased + (biased >> 8)) >> 8);
 }
 
 /// Grey levels of colour words, in the upper halves. The sum of a word's pair (blue, red + 2 green)
@@ -115,11 +115,6 @@ struct WordPair {
     static WordPair Load(const std::uint8_t* words, All) {
         return {L::LoadWords(words, All{}), L::LoadWords(words + L::kBytes, All{})};
     }
-    static WordPair Load(const std::uint8_t* words, Some some) {
-        if (some.n < L::kWords) return {L::LoadWords(words, some), typename L::U32{}};
-        return {L::LoadWords(words, All{}),
-                L::LoadWords(words + L::kBytes, Some{some.n - L::kWords})};
-    }
     template <unsigned k>
     static WordPair Load(const std::uint8_t* words, Ends<k> ends) {
         if constexpr (k < L::kWords) {
@@ -129,16 +124,12 @@ struct WordPair {
         }
     }
 
-    bool AreOpaque() const { return L::AreTopBytesZero(first | second); }
-    bool AreInvisible() const { return L::AreTopBytesFull(first & second); }
-
     typename L::U16 Low() const { return L::PackLow(first, second); }
     typename L::U16 High() const { return L::PackHigh(first, second); }
 
-    /// rule(lanes, words), a rule for registers of any width.
     template <class Rule>
     WordPair Map(Rule rule) const {
-        return {rule(L{}, first), rule(L{}, second)};
+        return {rule(first), rule(second)};
     }
 
     /// Words of pairs of halves.
@@ -149,11 +140,6 @@ struct WordPair {
     static void Store(std::uint8_t* p, const WordPair& words, All) {
         L::StoreWords(p, words.first, All{});
         L::StoreWords(p + L::kBytes, words.second, All{});
-    }
-    static void Store(std::uint8_t* p, const WordPair& words, Some some) {
-        if (some.n < L::kWords) return L::StoreWords(p, words.first, some);
-        L::StoreWords(p, words.first, All{});
-        L::StoreWords(p + L::kBytes, words.second, Some{some.n - L::kWords});
     }
     template <unsigned k>
     static void Store(std::uint8_t* p, const WordPair& words, Ends<k> ends) {

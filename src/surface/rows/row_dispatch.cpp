@@ -27,80 +27,43 @@ unsigned EnabledStates() {
 
 bool HasAll(unsigned value, unsigned bits) { return (value & bits) == bits; }
 
-}  // namespace
-#endif
-
-unsigned RunnableTables(const RowKernels* (&tables)[kMaxTables]) {
-    unsigned count = 0;
-    tables[count++] = &kRowKernelsBaseline;
-#if defined(GFX_X86_KERNELS)
+/// Whether processor and system have these instructions (leaf 7, ebx) and registers (xcr0).
+bool Has(unsigned instructions, unsigned states) {
     unsigned eax = 0;
     unsigned ebx = 0;
     unsigned ecx = 0;
     unsigned edx = 0;
-    if (__get_cpuid(1, &eax, &ebx, &ecx, &edx) == 0 || !HasAll(ecx, kOsxsave)) return count;
-    const unsigned states = EnabledStates();
-    if (__get_cpuid_count(7, 0, &eax, &ebx, &ecx, &edx) == 0) return count;
-    if (!HasAll(ebx, kAvx2) || !HasAll(states, kYmmState)) return count;
-    tables[count++] = &kRowKernelsAvx2;
-    if (!HasAll(ebx, kAvx512) || !HasAll(states, kZmmState)) return count;
-    tables[count++] = &kRowKernelsAvx512;
-#endif
-    return count;
+    if (__get_cpuid(1, &eax, &ebx, &ecx, &edx) == 0 || !HasAll(ecx, kOsxsave)) return false;
+    if (!HasAll(EnabledStates(), states)) return false;
+    return __get_cpuid_count(7, 0, &eax, &ebx, &ecx, &edx) != 0 && HasAll(ebx, instructions);
 }
 
-#if defined(GFX_X86_KERNELS)
+}  // namespace
+#endif
+
 namespace {
 
-const RowKernels& ChooseKernels() {
-    const RowKernels* tables[kMaxTables];
-    const RowKernels* const best = tables[RunnableTables(tables) - 1];
-    activeKernels.store(best, std::memory_order_relaxed);
-    return *best;
-}
-
-/// A kernel that chooses the table and passes its call on: one for each entry of each format.
-template <PixelFormat kFormat, auto kEntry>
-struct FirstUse;
-
-template <PixelFormat kFormat, class Result, class... Args,
-          Result (*FormatKernels::*kEntry)(Args...)>
-struct FirstUse<kFormat, kEntry> {
-    static Result Call(Args... args) { return (ChooseKernels()[kFormat].*kEntry)(args...); }
+constexpr KernelChoice kChoices[] = {
+    {kRowKernelsBaseline, [] { return true; }},
+#if defined(GFX_X86_KERNELS)
+    {kRowKernelsAvx2, [] { return Has(kAvx2, kYmmState); }},
+    {kRowKernelsAvx512, [] { return Has(kAvx2 | kAvx512, kZmmState); }},
+#endif
 };
-
-template <PixelFormat kFormat>
-constexpr FormatKernels FirstUseKernels() {
-    return {
-        .fill = FirstUse<kFormat, &FormatKernels::fill>::Call,
-        .blendColor = FirstUse<kFormat, &FormatKernels::blendColor>::Call,
-        .blendMask8 = FirstUse<kFormat, &FormatKernels::blendMask8>::Call,
-        .blendMask32 = FirstUse<kFormat, &FormatKernels::blendMask32>::Call,
-        .copy = FirstUse<kFormat, &FormatKernels::copy>::Call,
-        .copyKeyed = FirstUse<kFormat, &FormatKernels::copyKeyed>::Call,
-        .toWords = FirstUse<kFormat, &FormatKernels::toWords>::Call,
-        .fromWords = FirstUse<kFormat, &FormatKernels::fromWords>::Call,
-        .fromWordsKeyed = FirstUse<kFormat, &FormatKernels::fromWordsKeyed>::Call,
-        .blendWords = FirstUse<kFormat, &FormatKernels::blendWords>::Call,
-        .blendWordsScaled = FirstUse<kFormat, &FormatKernels::blendWordsScaled>::Call,
-        .toDisplay555 = FirstUse<kFormat, &FormatKernels::toDisplay555>::Call,
-    };
-}
-
-constinit const RowKernels kFirstUse = {
-    "not chosen yet",
-    {FirstUseKernels<PixelFormat::None>(), FirstUseKernels<PixelFormat::Grey8>(),
-     FirstUseKernels<PixelFormat::Rgb565>(), FirstUseKernels<PixelFormat::Color32>()},
-    [](std::uint8_t* words, std::size_t n, std::uint32_t k) {
-        ChooseKernels().scaleAlpha(words, n, k);
-    }};
 
 }  // namespace
 
-constinit std::atomic<const RowKernels*> activeKernels{&kFirstUse};
-#else
-// Nothing to choose from.
-constinit std::atomic<const RowKernels*> activeKernels{&kRowKernelsBaseline};
-#endif
+constinit std::atomic<const RowKernels*> activeKernels{nullptr};
+
+std::span<const KernelChoice> KernelChoices() { return kChoices; }
+
+const RowKernels& ChooseKernels() {
+    const RowKernels* best = nullptr;
+    for (const KernelChoice& choice : kChoices) {
+        if (choice.isRunnable()) best = &choice.kernels;
+    }
+    activeKernels.store(best, std::memory_order_relaxed);
+    return *best;
+}
 
 }  // namespace gfx

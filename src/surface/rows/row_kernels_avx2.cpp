@@ -1,21 +1,17 @@
 // The row kernels for x86-64 processors with AVX2.
 #include "surface/rows/lanes_avx2.h"
-#include "surface/rows/row_walk.h"
+#include "surface/rows/make_kernels.h"
 
 namespace gfx {
 namespace {
-using Wide = Lanes256;
-using Narrow = Lanes256;
 
-/// Few pixels cost no more in a wide register's lower part than in a narrow register.
-inline bool IsNarrow(unsigned, unsigned, Load) { return false; }
+struct Avx2Vectors {
+    using Wide = Lanes256;
+    using Narrow = Lanes256;
+};
+
 }  // namespace
-}  // namespace gfx
 
-#include "surface/rows/row_kernels.inl"
-
-namespace gfx {
-
-constinit const RowKernels kRowKernelsAvx2 = MakeRowKernels("avx2");
+constinit const RowKernels kRowKernelsAvx2 = MakeRowKernels<Avx2Vectors>("avx2");
 
 }  // namespace gfx
