@@ -6,6 +6,7 @@
 #define GFX_SURFACE_LINES_LINE_BLEND_H
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 
 #include "surface/pixel_format.h"
@@ -24,7 +25,8 @@ inline constexpr std::array<std::uint64_t, 256> kLaneWeights = [] {
     for (std::uint64_t share = 0; share < 256; ++share) {
         const std::uint64_t channel = OldWeight(static_cast<std::uint32_t>(255 - share));
         const std::uint64_t alpha = share == 255 ? 0 : 256;
-        weights[share] = channel | channel << 16 | channel << 32 | alpha << 48;
+        weights[static_cast<std::size_t>(share)] =
+            channel | channel << 16 | channel << 32 | alpha << 48;
     }
     return weights;
 }();
