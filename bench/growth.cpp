@@ -82,6 +82,31 @@ void RegisterAreas() {
     }
 }
 
+/// Rectangles of each width up to 64, 64 rows high: shows thresholds that were fitted to one width.
+void RegisterWidths() {
+    static constexpr unsigned kRows = 64;
+    for (unsigned width = 1; width <= kRows; ++width) {
+        const auto add = [&](const char* series, auto draw) {
+            Register(series, width, kRows, [width, draw] {
+                const Surface to = Over(Memory(), kStride, kRows);
+                const Surface from = Over(SourceMemory(), kStride, kRows);
+                return [=] { draw(*to, *from, width); };
+            });
+        };
+        add("width fill",
+            [](GfxSurface& to, GfxSurface&, unsigned w) { to.RectFill(3, 0, w, kRows, kColor); });
+        add("width blend", [](GfxSurface& to, GfxSurface&, unsigned w) {
+            to.RectFillBlend(3, 0, w, kRows, kHalfColor);
+        });
+        add("width mask", [](GfxSurface& to, GfxSurface& from, unsigned w) {
+            to.RectFillBlend(3, 0, w, kRows, kColor, 1, 0, &from);
+        });
+        add("width copy", [](GfxSurface& to, GfxSurface& from, unsigned w) {
+            to.RectCopy(3, 0, w, kRows, 1, 0, &from, false);
+        });
+    }
+}
+
 void RegisterLines() {
     const unsigned height = kLongest / 16 + 2;
     for (unsigned steps : {1u, 10u, 100u, 1000u, kLongest}) {
@@ -213,6 +238,7 @@ void RegisterStrips() {
 
 void RegisterGrowth(Scene& scene) {
     RegisterAreas();
+    RegisterWidths();
     RegisterLines();
     RegisterClippedLines();
     RegisterGlyphs(scene);

@@ -1,4 +1,5 @@
-// How our cost grows with what is asked for: area, length, visible share, cached glyphs, cores.
+// How our cost grows with what is asked for: area, width, length, visible share, cached glyphs,
+// cores.
 #ifndef GFX_BENCH_GROWTH_H
 #define GFX_BENCH_GROWTH_H
 

@@ -40,6 +40,18 @@ enum class Pattern {
 
 enum class Slope { kAny, kHorizontal, kVertical };
 
+inline constexpr int kSpots = 1024;      ///< rectangles a pass in scattered rows
+inline constexpr int kSegments = 1000;   ///< lines a pass
+inline constexpr int kPoints = 4096;     ///< single pixels a pass
+inline constexpr int kTextGlyphs = 80;   ///< glyphs a pass from a warm cache
+inline constexpr int kColdGlyphs = 224;  ///< glyphs a pass from a face just opened
+inline constexpr int kSheet = 256;       ///< side of the source that small rectangles come from
+inline constexpr int kTile = 64;         ///< side of the tiled source
+inline constexpr int kLeft = 64;         ///< pixels beside a rectangle inside wider pictures:
+inline constexpr int kRight = 80;        ///< the pitch is then no multiple of 4,096
+inline constexpr int kDashOn = 6;        ///< pixels drawn
+inline constexpr int kDashOff = 4;       ///< pixels skipped
+
 struct Row {
     std::string name;
     std::string group;
@@ -51,6 +63,7 @@ struct Row {
     int height = 0;         ///< of one rectangle
     int surfaceWidth = 0;   ///< of the target
     int surfaceHeight = 0;  ///< of the target
+    bool isInside = false;  ///< one rectangle inside wider pictures, see kLeft and kRight
     double opacity = 1.0;   ///< global opacity of `over`
     int lineLength = 0;     ///< of each line
     Slope slope = Slope::kAny;
@@ -63,6 +76,9 @@ struct Row {
 
     /// Whether one pass draws many small rectangles instead of one large one.
     bool Scattered() const { return width <= 16; }
+
+    /// The width of the pictures that the rectangles lie in, when these are not scattered.
+    int PictureWidth() const { return isInside ? kLeft + width + kRight : width; }
 };
 
 /// Every row, in the order of the report.
@@ -70,16 +86,6 @@ std::vector<Row> AllRows();
 
 int BytesPerPixel(Format format);
 std::string FormatName(Format format);
-
-inline constexpr int kSpots = 1024;      ///< rectangles a pass in scattered rows
-inline constexpr int kSegments = 1000;   ///< lines a pass
-inline constexpr int kPoints = 4096;     ///< single pixels a pass
-inline constexpr int kTextGlyphs = 80;   ///< glyphs a pass from a warm cache
-inline constexpr int kColdGlyphs = 224;  ///< glyphs a pass from a face just opened
-inline constexpr int kSheet = 256;       ///< side of the source that small rectangles come from
-inline constexpr int kTile = 64;         ///< side of the tiled source
-inline constexpr int kDashOn = 6;        ///< pixels drawn
-inline constexpr int kDashOff = 4;       ///< pixels skipped
 
 }  // namespace bench
 

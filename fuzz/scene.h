@@ -5,20 +5,13 @@
 #include <gfx/gfx.h>
 
 #include <array>
-#include <cstdio>
-#include <cstdlib>
 #include <optional>
 
+#include "demand.h"
 #include "input.h"
 #include "support/fenced_memory.h"
 
 namespace fuzz {
-
-inline void Demand(bool holds, const char* what) {
-    if (holds) return;
-    std::fprintf(stderr, "broken: %s\n", what);
-    std::abort();
-}
 
 inline unsigned RowBytes(unsigned depth, unsigned w) {
     if (depth == 0) return 0;

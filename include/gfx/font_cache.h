@@ -80,6 +80,10 @@ public:
     /// glyph is delivered or drawn until a face is opened again.
     void CloseFace();
 
+    /// Whether the open face has a glyph of its own for `code`: any other code is drawn as the
+    /// face's missing-glyph shape. False while no face is open and for codes of 1024 and more.
+    bool HasGlyph(unsigned int code) const;
+
     /// The typographic ascender of the face's OS/2 table in pixels: value / unitsPerEm * emSize +
     /// 0.5, truncated toward zero; 0 before the first OpenFace and for faces without that table.
     /// Saturates at the limits of short.

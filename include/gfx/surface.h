@@ -10,13 +10,17 @@
 
 class GfxFontCache;
 
+namespace gfx {
+struct SurfaceView;
+}
+
 /// A rectangle of pixels, 0 to 32 bits deep, in memory of its own or over memory of the host.
 ///
 /// Colours are 32-bit words 0xAARRGGBB whose alpha counts transparency: 0 is opaque, 255 invisible.
 /// Depths 2 to 8 store one grey byte a pixel, 9 to 16 one 16-bit 5-6-5 word (red on top, low byte
 /// first), 17 to 32 one colour word (bytes blue, green, red, alpha). Depth 0 stores nothing. Depth
-/// 1 is storage only, eight pixels a byte: no operation draws on it or reads from it, and as a
-/// source, mask or plane it draws nothing.
+/// 1 keeps eight pixels a byte for the host alone: no operation draws on it or reads from it, and
+/// as a source, mask or plane it draws nothing.
 ///
 /// The grey of a colour is ((red + 2 green) * 307 + blue * 103) >> 10. 5-6-5 keeps each channel's
 /// top bits; reading repeats them below.
@@ -86,7 +90,9 @@ public:
     /// @param rowBytes   bytes from one row to the next, at least a row's own size (depth 1: w / 8,
     ///                   rounded up).
     /// @param isEmpty    whether the memory is known to be all zero.
-    /// @throws as the other form, "row <= pitch" when rowBytes is too small.
+    /// @throws as the other form, "row <= pitch" when rowBytes is too small. It is not looked at
+    ///         where no row is addressed: with h = 0 and without a buffer. A surface without memory
+    ///         may have any size up to 2^31 - 1 each way.
     void Initialise(unsigned int w, unsigned int h, void* buffer, unsigned int rowBytes,
                     bool isEmpty);
 
@@ -105,10 +111,21 @@ public:
     /// that misses the surface gives an empty range at 0.
     void SetClipRect(int x, int y, unsigned int w, unsigned int h);
 
+    /// Delivers the clip rectangle; SetClipRect with these values restores it, as long as it lies
+    /// inside the logical size.
+    void GetClipRect(int& x, int& y, unsigned int& w, unsigned int& h) const {
+        x = clipX0;
+        y = clipY0;
+        w = static_cast<unsigned int>(clipX1) - static_cast<unsigned int>(clipX0);
+        h = static_cast<unsigned int>(clipY1) - static_cast<unsigned int>(clipY0);
+    }
+
     /// Sets the clip rectangle to the whole logical size.
     void ResetClipRect();
 
-    /// Zeroes Pitch() x DY() bytes, gaps between the rows included, and sets the `empty` flag.
+    /// Zeroes Pitch() x DY() bytes, gaps between the rows included, and sets the `empty` flag. Of a
+    /// derived surface one of whose rows lies elsewhere it zeroes the rows alone, as wide as they
+    /// were laid out.
     void Clear();
 
     unsigned int DX() const { return dx; }        ///< logical width in pixels
@@ -148,17 +165,20 @@ public:
     /// The colour at (x + fx, y + fy), interpolated between four pixels per channel: each column is
     /// top + (bottom - top) * fy, the result left + (right - left) * fx, truncated to 0..255.
     /// Pixels outside the clip rectangle take no part; 0 when all four are.
-    /// @param fx,fy  weights of column x + 1 and row y + 1, not limited to 0..1. A channel that
+    /// @param fx,fy  how far towards column x + 1 and row y + 1, not limited to 0..1. A channel
+    /// that
     ///               comes out as NaN counts as 0.
     unsigned int RetPixelMergeRGB(int x, int y, double fx, double fy) const;
 
     /// Writes a run of n pixels, three bytes each (blue, green, red), into row y from column x on.
-    /// 16- and 32-bit surfaces only; the alpha byte becomes 0. A null run writes nothing.
+    /// 16- and 32-bit surfaces only; the alpha byte becomes 0. A null run writes nothing, and
+    /// neither does one that ends beyond column 2^31 - 1 or has no pixels; but one without pixels
+    /// clears the `empty` flag where x lies inside the clip rectangle, right of its first column.
     void SetPixelLineBGR24(int x, int y, unsigned int n, const unsigned char* bgr);
 
     /// Paints a colour into those of the n pixels of row y from column x on whose bit is 0, the
     /// most significant bit first. 16- and 32-bit surfaces only, stored without blending. Null
-    /// bits write nothing.
+    /// bits write nothing; a run without pixels or beyond column 2^31 - 1 as SetPixelLineBGR24.
     void SetPixelLineMono(int x, int y, unsigned int n, unsigned int color,
                           const unsigned char* bits);
 
@@ -183,7 +203,9 @@ public:
     /// @param x,y,w,h    the rectangle here, as RectFill.
     /// @param srcX,srcY  source pixel that goes to (x, y).
     /// @param src        the source; null means this surface. Overlapping rows come out as if each
-    ///                   were read whole before it is written; a copy downwards runs bottom up.
+    ///                   were read whole before it is written. Rows are copied top down, but bottom
+    ///                   up where one surface is copied downwards over itself; two surfaces that
+    ///                   share memory are copied top down.
     /// @param tile       false: the source ends at its edges; true: it repeats in all directions.
     void RectCopy(int x, int y, unsigned int w, unsigned int h, int srcX, int srcY,
                   const GfxSurface* src, bool tile);
@@ -193,7 +215,7 @@ public:
     void RectBlend(int x, int y, unsigned int w, unsigned int h, int srcX, int srcY,
                    const GfxSurface* src, bool tile);
 
-    /// As RectBlend, with the source made more transparent first: its opaque share (255 - alpha) is
+    /// As RectBlend, with the source made more transparent first: its opacity (255 - alpha) is
     /// scaled by k / 256, k = trunc(256 (1 - transparency) + 0.5).
     /// @param transparency  0: as it is, 1 or more: invisible, below 0: more opaque; NaN counts as
     ///                      0, k is limited to 65,536.
@@ -228,7 +250,9 @@ public:
                               unsigned char* buffer, unsigned int bufPitch);
 
     /// Draws a line between two pixels, both included; the reversed line gives the same pixels.
-    /// Each pixel is written as by SetPixelRGBBlend.
+    /// Each pixel is written as by SetPixelRGBBlend. The first line of more than a pixel takes the
+    /// dots buffer from fn_alloc, 80,000 bytes, which the surface keeps until it is initialised
+    /// anew or destroyed.
     /// @throws const char* "dx < MAX_LINE_LENGTH" or "dy < MAX_LINE_LENGTH" when the larger extent
     ///         is 10000 or more, before anything is drawn; what a hook throws.
     void DrawLine(int x0, int y0, int x1, int y1, unsigned int color);
@@ -319,7 +343,7 @@ protected:
     /// Blends colour words into pixels x .. x + n - 1; 32-bit pixels keep their alpha byte.
     void BlendWithRGB(MemoryPtr colorRow, MemoryPtr pixelRow, unsigned int x, unsigned int n) const;
 
-    /// Scales the opaque share of n colour words in place, see RectBlendAlpha.
+    /// Scales the opacity of n colour words in place, see RectBlendAlpha.
     void CombineRGBAlpha(double transparency, MemoryPtr colorRow, unsigned int n) const;
 
     /// byteRow[x + i] = (word i >> shift) & 0xFF; a shift of 32 or more gives 0.
@@ -376,35 +400,7 @@ protected:
     std::uint32_t transparentColor;  ///< colour key, a whole colour word
 
 private:
-    struct GFX_INTERNAL Transfer;  // a copy or blend between two surfaces on its way
-
-    /// RectCopy where formats differ, a colour key is on, or the source may repeat.
-    void CopyConverted(int x, int y, unsigned int w, unsigned int h, int srcX, int srcY,
-                       const GfxSurface& from, bool tile);
-
-    /// RectCopy of a single pixel without a colour key.
-    void CopyPixel(int x, int y, int srcX, int srcY, const GfxSurface& from);
-
-    bool IsInsideClip(int x, int y) const {
-        return x >= clipX0 && x < clipX1 && y >= clipY0 && y < clipY1;
-    }
-
-    /// Whether drawing neither writes nor reads here: depths 0 and 1, and surfaces without memory.
-    bool StoresNothing() const;
-
-    /// One of the two reductions of a row of colour words to bits.
-    using BitReduction = void (GfxSurface::*)(MemoryPtr colorRow, unsigned char* bits,
-                                              unsigned int x, unsigned int n) const;
-
-    /// What RectExtractMono and RectExtractMonoAlpha share.
-    void ReduceToBits(int x, int y, unsigned int w, unsigned int h, int bufX, int bufY,
-                      unsigned char* buffer, unsigned int bufPitch, BitReduction reduce) const;
-
-    /// Fills the dots buffer, which is obtained first where there is none; see ComputeLineDotsDX.
-    void ComputeLineDots(std::uint32_t minorStart, unsigned int stepCount, int rise, double offset);
-
-    /// After a failed Initialise: no memory, all sizes and the clip rectangle 0.
-    void DropMemory();
+    friend struct gfx::SurfaceView;  // the inside, as the library's own code sees it
 };
 
 #endif  // GFX_SURFACE_H

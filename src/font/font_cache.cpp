@@ -135,6 +135,10 @@ void GfxFontCache::CharToUnicode() {
     gfx::ReadGlyphIndices(open.face, open.glyphIndex, gfx::kCodeCount);
 }
 
+bool GfxFontCache::HasGlyph(unsigned int code) const {
+    return faceData != nullptr && code < gfx::kCodeCount && faceData->glyphIndex[code] != 0;
+}
+
 short GfxFontCache::TypoDescender() const {
     return static_cast<short>(-int{typoDescender});  // in 16 bits: -32768 stays as it is
 }

@@ -20,7 +20,15 @@ struct ClippedRect {
 
 struct ClipBounds {
     int x0, y0, x1, y1;
+
+    bool HoldsColumn(int x) const { return x >= x0 && x < x1; }
+    bool HoldsRow(int y) const { return y >= y0 && y < y1; }
 };
+
+/// The coordinate behind one. Behind the last comes the first, which no clip rectangle holds.
+inline int NextTo(int coordinate) {
+    return static_cast<int>(static_cast<unsigned>(coordinate) + 1);
+}
 
 /// Intersects one extent with [lo, hi). A sum beyond 2^31 - 1 draws nothing.
 /// Differences are formed in unsigned arithmetic, where they cannot overflow: each is of a larger

@@ -1,8 +1,5 @@
 // Unclipped conversion into 16-bit display memory. The rectangle and the memory are trusted.
-#include <gfx/surface.h>
-
-#include "surface/pixel_format.h"
-#include "surface/rows/row_dispatch.h"
+#include "surface/surface_view.h"
 
 namespace {
 
@@ -26,32 +23,40 @@ void BlitRows(PixelRows from, unsigned h, void* dest, unsigned destPitch, Blit b
     }
 }
 
+void RowTo565(gfx::Rgb565, PixelRows to, PixelRows from, unsigned w) {
+    gfx::Kernels()[gfx::PixelFormat::Rgb565].copy(to, from, w, 1, false);
+}
+
+void RowTo565(gfx::Color32, PixelRows to, PixelRows from, unsigned w) {
+    if (gfx::Kernels()[gfx::PixelFormat::Rgb565].fromWords(to, from, w, 1) == 1) return;
+    ConvertInOrder(*to.lines, *from.lines + from.x * sizeof(std::uint32_t), w);
+}
+
 }  // namespace
 
 void GfxSurface::QuickBltTo565(unsigned int x, unsigned int y, unsigned int w, unsigned int h,
                                void* dest, unsigned int destPitch) const {
-    const gfx::PixelFormat format = gfx::FormatOf(depth, pixelShift, lines);
-    const gfx::FormatKernels& kernels = gfx::Kernels()[gfx::PixelFormat::Rgb565];
     if (w == 0) return;
-    if (format == gfx::PixelFormat::Rgb565) {
-        BlitRows({lines + y, x}, h, dest, destPitch,
-                 [&](PixelRows to, PixelRows from) { kernels.copy(to, from, w, 1, false); });
-    } else if (format == gfx::PixelFormat::Color32) {
-        BlitRows({lines + y, x}, h, dest, destPitch, [&](PixelRows to, PixelRows from) {
-            if (kernels.fromWords(to, from, w, 1) == 1) return;
-            ConvertInOrder(*to.lines, *from.lines + from.x * sizeof(std::uint32_t), w);
-        });
-    }
+    const gfx::SurfaceView view{*this};
+    gfx::WithFormat(view.Format(), [&](auto format) {
+        if constexpr (gfx::KeepsColor(format)) {
+            BlitRows(view.Rows(x, y), h, dest, destPitch,
+                     [=](PixelRows to, PixelRows from) { RowTo565(format, to, from, w); });
+        }
+    });
 }
 
 void GfxSurface::QuickBltTo555(unsigned int x, unsigned int y, unsigned int w, unsigned int h,
                                void* dest, unsigned int destPitch) const {
-    const gfx::PixelFormat format = gfx::FormatOf(depth, pixelShift, lines);
-    const bool isServed = format == gfx::PixelFormat::Rgb565 || format == gfx::PixelFormat::Color32;
-    if (w == 0 || !isServed) return;
-    const auto toDisplay555 = gfx::Kernels()[format].toDisplay555;
-    BlitRows({lines + y, x}, h, dest, destPitch,
-             [&](PixelRows to, PixelRows from) { toDisplay555(to, from, w, 1); });
+    if (w == 0) return;
+    const gfx::SurfaceView view{*this};
+    gfx::WithFormat(view.Format(), [&](auto format) {
+        if constexpr (gfx::KeepsColor(format)) {
+            const auto toDisplay555 = view.KernelsOfPixels().toDisplay555;
+            BlitRows(view.Rows(x, y), h, dest, destPitch,
+                     [=](PixelRows to, PixelRows from) { toDisplay555(to, from, w, 1); });
+        }
+    });
 }
 
 void GfxSurface::QuickBltTo24(unsigned int, unsigned int, unsigned int, unsigned int, void*,

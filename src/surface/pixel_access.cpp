@@ -2,12 +2,13 @@
 // clip rectangle alone, which always lies inside the surface's memory.
 #include <gfx/surface.h>
 
-#include "surface/pixel_format.h"
+#include "surface/surface_view.h"
 
 namespace {
 
 using gfx::LoadPixel;
 using gfx::StorePixel;
+using gfx::SurfaceView;
 
 /// The four channels of a colour word, alpha first.
 struct Channels {
@@ -19,15 +20,15 @@ Channels Split(std::uint32_t color) {
              static_cast<double>(color >> 8 & 0xFF), static_cast<double>(color & 0xFF)}};
 }
 
-Channels Interpolate(const Channels& from, const Channels& to, double weight) {
+Channels Interpolate(const Channels& from, const Channels& to, double part) {
     Channels mixed;
     for (int i = 0; i < 4; ++i) {
-        mixed.value[i] = from.value[i] + (to.value[i] - from.value[i]) * weight;
+        mixed.value[i] = from.value[i] + (to.value[i] - from.value[i]) * part;
     }
     return mixed;
 }
 
-/// Truncates to 0..255. Written so that NaN gives 0: the weights are the caller's.
+/// Truncates to 0..255. Written so that NaN gives 0: fx and fy are the caller's.
 std::uint32_t ToByte(double value) {
     if (!(value > 0.0)) return 0;
     return value >= 255.0 ? 255U : static_cast<std::uint32_t>(value);
@@ -41,45 +42,51 @@ std::uint32_t Pack(const Channels& color) {
 }  // namespace
 
 void GfxSurface::SetPixelRGB(int x, int y, unsigned int color) {
-    if (!IsInsideClip(x, y)) return;
+    const SurfaceView view{*this};
+    if (!view.Holds(x, y)) return;
     empty = false;
-    gfx::WithFormat(gfx::FormatOf(depth, pixelShift, lines), [&]<class Format>(Format) {
-        StorePixel<Format>(lines[y], static_cast<std::size_t>(x), Format::FromRgb(color));
+    gfx::WithFormat(view.Format(), [&]<class Format>(Format) {
+        StorePixel<Format>(view.Row(y), static_cast<std::size_t>(x), Format::FromRgb(color));
     });
 }
 
 void GfxSurface::SetPixelRGBBlend(int x, int y, unsigned int color) {
-    if (!IsInsideClip(x, y)) return;
+    const SurfaceView view{*this};
+    if (!view.Holds(x, y)) return;
     empty = false;
-    gfx::WithFormat(gfx::FormatOf(depth, pixelShift, lines), [&]<class Format>(Format) {
-        gfx::BlendInto<Format>(lines[y], static_cast<std::size_t>(x), color & 0x00FFFFFF,
+    gfx::WithFormat(view.Format(), [&]<class Format>(Format) {
+        gfx::BlendInto<Format>(view.Row(y), static_cast<std::size_t>(x), color & 0x00FFFFFF,
                                gfx::AlphaOf(color));
     });
 }
 
 unsigned int GfxSurface::RetPixelRGB(int x, int y) const {
+    const SurfaceView view{*this};
     std::uint32_t color = 0;
-    if (!IsInsideClip(x, y)) return color;
-    gfx::WithFormat(gfx::FormatOf(depth, pixelShift, lines), [&]<class Format>(Format) {
-        color = Format::ToRgb(LoadPixel<Format>(lines[y], static_cast<std::size_t>(x)), alpha);
+    if (!view.Holds(x, y)) return color;
+    gfx::WithFormat(view.Format(), [&]<class Format>(Format) {
+        color = Format::ToRgb(LoadPixel<Format>(view.Row(y), static_cast<std::size_t>(x)), alpha);
     });
     return color;
 }
 
 unsigned int GfxSurface::RetPixelMergeRGB(int x, int y, double fx, double fy) const {
-    // One of the two positions of an axis may lie outside: the other carries the whole weight.
-    const bool hasLeft = x >= clipX0 && x < clipX1;
-    const bool hasTop = y >= clipY0 && y < clipY1;
-    const bool hasRight = std::int64_t{x} + 1 >= clipX0 && std::int64_t{x} + 1 < clipX1;
-    const bool hasBottom = std::int64_t{y} + 1 >= clipY0 && std::int64_t{y} + 1 < clipY1;
-    if (!(hasLeft || hasRight) || !(hasTop || hasBottom)) return 0;
+    // One of the two positions of an axis may lie outside: the other one counts alone.
+    const gfx::ClipBounds clip = SurfaceView{*this}.Clip();
+    const int right = gfx::NextTo(x);
+    const int below = gfx::NextTo(y);
+    const bool hasLeft = clip.HoldsColumn(x);
+    const bool hasTop = clip.HoldsRow(y);
+    const bool hasRight = clip.HoldsColumn(right);
+    const bool hasBelow = clip.HoldsRow(below);
+    if (!(hasLeft || hasRight) || !(hasTop || hasBelow)) return 0;
 
     const auto column = [&](int at) {
-        if (!hasBottom) return Split(RetPixelRGB(at, y));
-        if (!hasTop) return Split(RetPixelRGB(at, y + 1));
-        return Interpolate(Split(RetPixelRGB(at, y)), Split(RetPixelRGB(at, y + 1)), fy);
+        if (!hasBelow) return Split(RetPixelRGB(at, y));
+        if (!hasTop) return Split(RetPixelRGB(at, below));
+        return Interpolate(Split(RetPixelRGB(at, y)), Split(RetPixelRGB(at, below)), fy);
     };
     if (!hasRight) return Pack(column(x));
-    if (!hasLeft) return Pack(column(x + 1));
-    return Pack(Interpolate(column(x), column(x + 1), fx));
+    if (!hasLeft) return Pack(column(right));
+    return Pack(Interpolate(column(x), column(right), fx));
 }

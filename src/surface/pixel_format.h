@@ -13,28 +13,11 @@
 
 namespace gfx {
 
-/// How a surface takes part in drawing. Decided by FormatOf alone.
+/// How a surface takes part in drawing; see SurfaceView::Format.
 enum class PixelFormat : unsigned { None, Grey8, Rgb565, Color32 };
 inline constexpr unsigned kPixelFormatCount = 4;
 
 namespace {
-
-/// Depths 0 and 1 store nothing for drawing: their bits can only be kept. Every other format
-/// follows from its bytes per pixel.
-inline PixelFormat FormatOf(unsigned depth, unsigned pixelShift) {
-    if (pixelShift == 2) [[likely]] {
-        return PixelFormat::Color32;
-    }
-    if (pixelShift == 1) [[likely]] {
-        return PixelFormat::Rgb565;
-    }
-    return depth <= 1 ? PixelFormat::None : PixelFormat::Grey8;
-}
-
-/// The format in which a surface takes part in drawing; one without rows does not.
-inline PixelFormat FormatOf(unsigned depth, unsigned pixelShift, const void* lines) {
-    return lines == nullptr ? PixelFormat::None : FormatOf(depth, pixelShift);
-}
 
 inline std::uint32_t AlphaOf(std::uint32_t color) { return color >> 24; }
 

@@ -1,12 +1,12 @@
 // RectCopy, RectBlend, RectBlendAlpha: which pairs of formats go directly, and which through the
 // scratch row.
-#include <gfx/surface.h>
-
-#include "surface/opacity.h"
-#include "surface/pixel_format.h"
 #include "surface/rect_transfer.h"
 
+using gfx::ClippedRect;
 using gfx::PixelFormat;
+using gfx::SurfaceView;
+using gfx::Transfer;
+using gfx::WriteStep;
 
 namespace {
 
@@ -16,85 +16,43 @@ struct StoredKey {
     std::uint32_t pixel;
 };
 
-template <class Format>
-StoredKey StoredKeyIn(std::uint32_t key, std::uint32_t surfaceAlpha) {
-    const std::uint32_t pixel = Format::FromRgb(key);
-    return {Format::ToRgb(pixel, surfaceAlpha) == key, pixel};
-}
-
 /// A key is compared with whole colour words. Most words are no pixel's below 32 bits: such a key
 /// skips nothing.
 StoredKey StoredKeyOf(PixelFormat format, std::uint32_t key, std::uint32_t surfaceAlpha) {
-    switch (format) {
-        case PixelFormat::Grey8:
-            return StoredKeyIn<gfx::Grey8>(key, surfaceAlpha);
-        case PixelFormat::Rgb565:
-            return StoredKeyIn<gfx::Rgb565>(key, surfaceAlpha);
-        default:
-            return StoredKeyIn<gfx::Color32>(key, surfaceAlpha);
-    }
-}
-
-}  // namespace
-
-void GfxSurface::RectCopy(int x, int y, unsigned int w, unsigned int h, int srcX, int srcY,
-                          const GfxSurface* src, bool tile) {
-    const GfxSurface& from = src != nullptr ? *src : *this;
-    // First of all: what follows saves many registers.
-    if (w == 1 && h == 1 && !tile && !transparent) return CopyPixel(x, y, srcX, srcY, from);
-    const PixelFormat format = gfx::FormatOf(depth, pixelShift, lines);
-    const bool isOneFormat = format == gfx::FormatOf(from.depth, from.pixelShift, from.lines);
-    if (tile || transparent || !isOneFormat || format == PixelFormat::None) {
-        return CopyConverted(x, y, w, h, srcX, srcY, from, tile);
-    }
-    Transfer transfer{*this, from, {x, y, w, h, srcX, srcY}};
-    if (!transfer.Frame(false)) return;
-    empty = false;
-    gfx::Kernels()[format].copy(transfer.Target(), transfer.Source(), transfer.rect.w,
-                                transfer.rect.h, transfer.RunsUpwards());
-}
-
-// Single pixels take three quarters of the time of a rectangle's way.
-void GfxSurface::CopyPixel(int x, int y, int srcX, int srcY, const GfxSurface& from) {
-    const PixelFormat format = gfx::FormatOf(depth, pixelShift, lines);
-    if (format != gfx::FormatOf(from.depth, from.pixelShift, from.lines)) {
-        return CopyConverted(x, y, 1, 1, srcX, srcY, from, false);
-    }
-    // Positions before the origin come out beyond any size.
-    const auto column = static_cast<unsigned>(srcX);
-    const auto row = static_cast<unsigned>(srcY);
-    if (!IsInsideClip(x, y) || column >= from.dx || row >= from.dy) return;
-    empty = false;
+    StoredKey stored{};
     gfx::WithFormat(format, [&]<class Format>(Format) {
-        const std::uint32_t pixel = gfx::LoadPixel<Format>(from.lines[row], column);
-        gfx::StorePixel<Format>(lines[y], static_cast<std::size_t>(x), pixel);
+        const std::uint32_t pixel = Format::FromRgb(key);
+        stored = {Format::ToRgb(pixel, surfaceAlpha) == key, pixel};
     });
+    return stored;
 }
 
-// Apart from RectCopy, and kept so, because the saving of its registers is felt by small copies.
-[[gnu::noinline]] void GfxSurface::CopyConverted(int x, int y, unsigned int w, unsigned int h,
-                                                 int srcX, int srcY, const GfxSurface& from,
-                                                 bool tile) {
-    Transfer transfer{*this, from, {x, y, w, h, srcX, srcY}};
+/// Copies where formats differ, a colour key is on, or the source may repeat. Apart from RectCopy,
+/// and kept so, because the saving of its registers is felt by small copies.
+[[gnu::noinline]] void CopyConverted(GfxSurface& on, const GfxSurface& src, int x, int y,
+                                     unsigned w, unsigned h, int srcX, int srcY, bool tile) {
+    Transfer transfer{{on}, {src}, {x, y, w, h, srcX, srcY}};
     if (!transfer.Frame(tile)) return;
-    empty = false;
-    const PixelFormat target = transfer.TargetFormat();
-    const PixelFormat source = transfer.SourceFormat();
-    if (target == PixelFormat::None || source == PixelFormat::None) return;
+    on.SetEmpty(false);
+    if (!transfer.IsDrawable()) return;
 
+    const SurfaceView& to = transfer.to;
+    const SurfaceView& from = transfer.from;
+    const ClippedRect& rect = transfer.rect;
+    const PixelFormat target = to.Format();
+    const PixelFormat source = from.Format();
     const gfx::RowKernels& kernels = gfx::Kernels();
     const gfx::FormatKernels& own = kernels[target];
-    const gfx::ClippedRect& rect = transfer.rect;
-    const auto key =
-        transparent ? StoredKeyOf(source, transparentColor, from.alpha) : StoredKey{false, 0};
-    const gfx::WriteStep step = key.exists ? gfx::WriteStep(own.fromWordsKeyed, transparentColor)
-                                           : gfx::WriteStep(own.fromWords);
+    const std::uint32_t alpha = from.surface.Alpha();
+    const StoredKey key = to.HasKey() ? StoredKeyOf(source, to.Key(), alpha) : StoredKey{};
+    const WriteStep step =
+        key.exists ? WriteStep{nullptr, own.fromWordsKeyed, to.Key()} : WriteStep{own.fromWords};
     if (source == target && !key.exists) {
         if (!transfer.wraps) {
             return own.copy(transfer.Target(), transfer.Source(), rect.w, rect.h,
                             transfer.RunsUpwards());
         }
-        if (transfer.AreApart()) return transfer.CopyTiles(own);
+        if (transfer.AreRowsApart()) return transfer.CopyTiles(own);
     }
     if (transfer.wraps || transfer.RunsUpwards()) return transfer.ThroughScratchRow(step);
 
@@ -104,34 +62,65 @@ void GfxSurface::CopyPixel(int x, int y, int srcX, int srcY, const GfxSurface& f
     } else if (source == PixelFormat::Color32) {
         done = step(transfer.Target(), transfer.Source(), rect.w, rect.h);
     } else if (target == PixelFormat::Color32 && !key.exists) {
-        done = kernels[source].toWords(transfer.Target(), transfer.Source(), rect.w, rect.h,
-                                       from.alpha);
+        done = kernels[source].toWords(transfer.Target(), transfer.Source(), rect.w, rect.h, alpha);
     }
     if (done < rect.h) transfer.ThroughScratchRow(step, done);
 }
 
+/// Copies a single pixel between surfaces of one format, without what a rectangle's way costs.
+void CopyPixel(GfxSurface& on, int x, int y, int srcX, int srcY, const SurfaceView& from) {
+    const SurfaceView to{on};
+    // Positions before the origin come out beyond any size.
+    const auto column = static_cast<unsigned>(srcX);
+    const auto row = static_cast<unsigned>(srcY);
+    if (!to.Holds(x, y) || column >= from.surface.DX() || row >= from.surface.DY()) return;
+    on.SetEmpty(false);
+    gfx::WithFormat(to.Format(), [&]<class Format>(Format) {
+        const std::uint32_t pixel = gfx::LoadPixel<Format>(from.Row(row), column);
+        gfx::StorePixel<Format>(to.Row(y), static_cast<std::size_t>(x), pixel);
+    });
+}
+
+}  // namespace
+
+void GfxSurface::RectCopy(int x, int y, unsigned int w, unsigned int h, int srcX, int srcY,
+                          const GfxSurface* src, bool tile) {
+    const SurfaceView to{*this};
+    const SurfaceView from{src != nullptr ? *src : *this};
+    const PixelFormat format = to.Format();
+    const bool isPlain = !tile && !transparent && format == from.Format();
+    // First of all: what follows saves many registers.
+    if (w == 1 && h == 1 && isPlain) return CopyPixel(*this, x, y, srcX, srcY, from);
+    if (!isPlain || format == PixelFormat::None) {
+        return CopyConverted(*this, from.surface, x, y, w, h, srcX, srcY, tile);
+    }
+    Transfer transfer{to, from, {x, y, w, h, srcX, srcY}};
+    if (!transfer.Frame(false)) return;
+    empty = false;
+    gfx::Kernels()[format].copy(transfer.Target(), transfer.Source(), transfer.rect.w,
+                                transfer.rect.h, transfer.RunsUpwards());
+}
+
 void GfxSurface::RectBlend(int x, int y, unsigned int w, unsigned int h, int srcX, int srcY,
                            const GfxSurface* src, bool tile) {
-    Transfer transfer{*this, src != nullptr ? *src : *this, {x, y, w, h, srcX, srcY}};
+    Transfer transfer{{*this}, {src != nullptr ? *src : *this}, {x, y, w, h, srcX, srcY}};
     if (!transfer.Frame(tile)) return;
     empty = false;
-    const PixelFormat target = transfer.TargetFormat();
-    if (target == PixelFormat::None || transfer.SourceFormat() == PixelFormat::None) return;
-    transfer.WriteWords(gfx::WriteStep(gfx::Kernels()[target].blendWords));
+    if (!transfer.IsDrawable()) return;
+    transfer.WriteWords({gfx::Kernels()[transfer.to.Format()].blendWords});
 }
 
 void GfxSurface::RectBlendAlpha(int x, int y, unsigned int w, unsigned int h, int srcX, int srcY,
                                 double transparency, const GfxSurface* src, bool tile) {
-    Transfer transfer{*this, src != nullptr ? *src : *this, {x, y, w, h, srcX, srcY}};
+    Transfer transfer{{*this}, {src != nullptr ? *src : *this}, {x, y, w, h, srcX, srcY}};
     if (!transfer.Frame(tile)) return;
     empty = false;
-    const PixelFormat target = transfer.TargetFormat();
-    if (target == PixelFormat::None || transfer.SourceFormat() == PixelFormat::None) return;
-    const gfx::FormatKernels& kernels = gfx::Kernels()[target];
-    const std::uint32_t opacity = gfx::OpacityScale(transparency);
-    if (opacity <= gfx::kUnitOpacity) {
-        return transfer.WriteWords({kernels.blendWordsScaled, opacity});
+    if (!transfer.IsDrawable()) return;
+    const gfx::FormatKernels& kernels = gfx::Kernels()[transfer.to.Format()];
+    const std::uint32_t scale = gfx::OpacityScale(transparency);
+    if (scale <= gfx::kUnitOpacityScale) {
+        return transfer.WriteWords({nullptr, kernels.blendWordsScaled, scale});
     }
     // More opaque than it is: rare, and its products leave the 16 bits of the direct way.
-    transfer.ThroughScratchRow(gfx::WriteStep(kernels.blendWords), 0, opacity);
+    transfer.ThroughScratchRow({kernels.blendWords}, 0, scale);
 }

@@ -1,14 +1,12 @@
 // Rectangle fills: solid, blended, and blended through a mask.
 #include <gfx/surface.h>
 
-#include "surface/clip.h"
-#include "surface/pixel_format.h"
-#include "surface/row_pointer.h"
-#include "surface/rows/row_dispatch.h"
+#include "surface/surface_view.h"
 
 using gfx::ClippedRect;
 using gfx::PixelFormat;
 using gfx::PixelRows;
+using gfx::SurfaceView;
 
 namespace {
 
@@ -40,56 +38,53 @@ void BuildMaskedRow(std::uint32_t* words, const std::uint8_t* maskRow, MaskKind 
 
 void GfxSurface::RectFill(int x, int y, unsigned int w, unsigned int h, unsigned int color) {
     if (w == 1 && h == 1) return SetPixelRGB(x, y, color);
+    const SurfaceView view{*this};
     ClippedRect rect{x, y, w, h};
-    if (!ClipRectToBounds(rect, {clipX0, clipY0, clipX1, clipY1})) return;
+    if (!ClipRectToBounds(rect, view.Clip())) return;
     empty = false;
-    const PixelFormat format = gfx::FormatOf(depth, pixelShift, lines);
+    const PixelFormat format = view.Format();
     if (format == PixelFormat::None) return;
-    gfx::Kernels()[format].fill({lines + rect.y, static_cast<std::size_t>(rect.x)}, rect.w, rect.h,
-                                color);
+    gfx::Kernels()[format].fill(view.Rows(rect.x, rect.y), rect.w, rect.h, color);
 }
 
 void GfxSurface::RectFillBlend(int x, int y, unsigned int w, unsigned int h, unsigned int color) {
     if (w == 1 && h == 1) return SetPixelRGBBlend(x, y, color);
     const std::uint32_t a = gfx::AlphaOf(color);
     if (a == 0) return RectFill(x, y, w, h, color);
+    const SurfaceView view{*this};
     ClippedRect rect{x, y, w, h};
-    if (!ClipRectToBounds(rect, {clipX0, clipY0, clipX1, clipY1})) return;
+    if (!ClipRectToBounds(rect, view.Clip())) return;
     empty = false;
-    const PixelFormat format = gfx::FormatOf(depth, pixelShift, lines);
+    const PixelFormat format = view.Format();
     if (a == 255 || format == PixelFormat::None) return;
-    gfx::Kernels()[format].blendColor({lines + rect.y, static_cast<std::size_t>(rect.x)}, rect.w,
-                                      rect.h, color);
+    gfx::Kernels()[format].blendColor(view.Rows(rect.x, rect.y), rect.w, rect.h, color);
 }
 
 void GfxSurface::RectFillBlend(int x, int y, unsigned int w, unsigned int h, unsigned int color,
                                int srcX, int srcY, const GfxSurface* mask) {
     if (mask == nullptr) return RectFill(x, y, w, h, color);
+    const SurfaceView view{*this};
+    const SurfaceView from{*mask};
     ClippedRect rect{x, y, w, h, srcX, srcY};
-    if (!ClipRectToBounds(rect, {clipX0, clipY0, clipX1, clipY1})) return;
+    if (!ClipRectToBounds(rect, view.Clip())) return;
     if (mask->dx == 0 || mask->dy == 0 || !ClipToSurfaceSize(rect, mask->dx, mask->dy)) return;
     empty = false;
-    const MaskKind kind =
-        MaskKindOf(mask->depth, gfx::FormatOf(mask->depth, mask->pixelShift, mask->lines));
-    if (kind == MaskKind::None || gfx::AlphaOf(color) == 255) return;
-
-    const PixelFormat format = gfx::FormatOf(depth, pixelShift, lines);
-    if (format == PixelFormat::None) return;
+    const MaskKind kind = MaskKindOf(mask->depth, from.Format());
+    const PixelFormat format = view.Format();
+    if (kind == MaskKind::None || format == PixelFormat::None || gfx::AlphaOf(color) == 255) return;
 
     const gfx::FormatKernels& kernels = gfx::Kernels()[format];
-    const PixelRows to{lines + rect.y, static_cast<std::size_t>(rect.x)};
+    const PixelRows to = view.Rows(rect.x, rect.y);
     unsigned done = 0;
     if (rect.srcX >= 0 && rect.srcY >= 0) {
-        const PixelRows from{mask->lines + rect.srcY, static_cast<std::size_t>(rect.srcX)};
         const auto blend = kind == MaskKind::Bytes ? kernels.blendMask8 : kernels.blendMask32;
-        done = blend(to, from, rect.w, rect.h, color);
+        done = blend(to, from.Rows(rect.srcX, rect.srcY), rect.w, rect.h, color);
     }
     // What is left repeats the mask, or shares memory with it: row by row through colour words.
-    auto* const words = reinterpret_cast<std::uint8_t*>(rgbLine);
     for (; done < rect.h; ++done) {
         const unsigned maskRow = gfx::WrapPosition(rect.srcY + done, mask->dy);
-        BuildMaskedRow(rgbLine, mask->lines[maskRow], kind, mask->dx,
+        BuildMaskedRow(rgbLine, from.Row(maskRow), kind, mask->dx,
                        gfx::WrapPosition(rect.srcX, mask->dx), rect.w, color);
-        kernels.blendWords({to.lines + done, to.x}, {&words, 0}, rect.w, 1);
+        kernels.blendWords({to.lines + done, to.x}, gfx::SingleRow{view.ScratchRow()}, rect.w, 1);
     }
 }

@@ -1,11 +1,11 @@
 // Single channels to and from a depth-8 plane, and rectangles reduced to one bit a pixel.
 #include <gfx/surface.h>
 
-#include "surface/clip.h"
-#include "surface/pixel_format.h"
-#include "surface/row_pointer.h"
+#include "surface/surface_view.h"
 
 using gfx::ClippedRect;
+using gfx::PointerTo;
+using gfx::SurfaceView;
 
 namespace {
 
@@ -30,85 +30,84 @@ PlaneBits PlaneBitsOf(GfxSurface::ColorPlane which) {
     }
 }
 
-GfxSurface::MemoryPtr RowPtr(std::uint8_t* bytes) {
-    GfxSurface::MemoryPtr row;
-    row.ptr8 = bytes;
-    return row;
-}
-
 constexpr unsigned kPlaneDepth = 8;
 
 /// Clips a rectangle to the colour surface's bounds and to the plane.
 /// @return whether there is such a plane and anything is left.
-bool ClipToPlane(ClippedRect& rect, const gfx::ClipBounds& bounds, const GfxSurface* plane) {
-    return plane != nullptr && plane->Depth() == kPlaneDepth && ClipRectToBounds(rect, bounds) &&
-           CutBeforeOrigin(rect) && ClipToSurfaceSize(rect, plane->DX(), plane->DY());
+bool ClipToPlane(ClippedRect& rect, const SurfaceView& view, const GfxSurface* plane) {
+    return plane != nullptr && plane->Depth() == kPlaneDepth &&
+           ClipRectToBounds(rect, view.Clip()) && CutBeforeOrigin(rect) &&
+           ClipToSurfaceSize(rect, plane->DX(), plane->DY());
+}
+
+/// What RectExtractMono and RectExtractMonoAlpha share: reduce(words, bits, first bit) turns each
+/// row of colour words into bits.
+template <class Reduce>
+void ReduceToBits(const SurfaceView& view, ClippedRect rect, unsigned char* buffer,
+                  unsigned bufPitch, Reduce reduce) {
+    if (buffer == nullptr || bufPitch == 0) return;
+    if (!ClipRectToBounds(rect, view.Clip()) || !CutBeforeOrigin(rect)) return;
+    if (!view.IsDrawable()) return;
+    // The bit's number may need more than 32 bits: whole bytes of it move the row's start.
+    unsigned char* const firstByte = buffer + rect.srcX / 8;
+    const auto firstBit = static_cast<unsigned>(rect.srcX % 8);
+    for (unsigned j = 0; j < rect.h; ++j) {
+        view.ToWords(std::int64_t{rect.y} + j, static_cast<unsigned>(rect.x), rect.w,
+                     view.ScratchRow());
+        const auto bufRow = static_cast<std::size_t>(rect.srcY) + j;
+        reduce(PointerTo(view.ScratchRow()), firstByte + bufRow * bufPitch, firstBit, rect.w);
+    }
 }
 
 }  // namespace
 
 void GfxSurface::RectExtract(int x, int y, unsigned int w, unsigned int h, int planeX, int planeY,
                              GfxSurface* plane, ColorPlane which) {
+    const SurfaceView view{*this};
     ClippedRect rect{x, y, w, h, planeX, planeY};
-    if (!ClipToPlane(rect, {clipX0, clipY0, clipX1, clipY1}, plane)) return;
+    if (!ClipToPlane(rect, view, plane)) return;
     plane->empty = false;
-    if (StoresNothing() || plane->StoresNothing()) return;
+    const SurfaceView bytes{*plane};
+    if (!view.IsDrawable() || !bytes.IsDrawable()) return;
     const unsigned shift = PlaneBitsOf(which).shift;
-    const auto column = static_cast<unsigned>(rect.x);
-    MemoryPtr words;
-    words.ptr32 = rgbLine;
+    const auto planeColumn = static_cast<unsigned>(rect.srcX);
+    std::uint8_t* const words = view.ScratchRow();
     for (unsigned j = 0; j < rect.h; ++j) {
-        ConvertToRGB(RowPtr(lines[rect.y + static_cast<int>(j)]), words, column, rect.w);
-        ExtractFromRGB(words, RowPtr(plane->lines[rect.srcY + j]), static_cast<unsigned>(rect.srcX),
-                       rect.w, shift);
+        view.ToWords(std::int64_t{rect.y} + j, static_cast<unsigned>(rect.x), rect.w, words);
+        ExtractFromRGB(PointerTo(words), PointerTo(bytes.Row(rect.srcY + j)), planeColumn, rect.w,
+                       shift);
     }
 }
 
 void GfxSurface::RectInsert(int x, int y, unsigned int w, unsigned int h, int planeX, int planeY,
                             const GfxSurface* plane, ColorPlane which) {
+    const SurfaceView view{*this};
     ClippedRect rect{x, y, w, h, planeX, planeY};
-    if (!ClipToPlane(rect, {clipX0, clipY0, clipX1, clipY1}, plane)) return;
+    if (!ClipToPlane(rect, view, plane)) return;
     empty = false;
-    if (StoresNothing() || plane->StoresNothing()) return;
+    const SurfaceView bytes{*plane};
+    if (!view.IsDrawable() || !bytes.IsDrawable()) return;
     const PlaneBits bits = PlaneBitsOf(which);
     const auto column = static_cast<unsigned>(rect.x);
-    MemoryPtr words;
-    words.ptr32 = rgbLine;
+    const auto planeColumn = static_cast<unsigned>(rect.srcX);
+    const MemoryPtr words = PointerTo(view.ScratchRow());
     for (unsigned j = 0; j < rect.h; ++j) {
-        const MemoryPtr row = RowPtr(lines[rect.y + static_cast<int>(j)]);
+        const MemoryPtr row = PointerTo(view.Row(std::int64_t{rect.y} + j));
         ConvertToRGB(row, words, column, rect.w);
-        InsertIntoRGB(RowPtr(plane->lines[rect.srcY + j]), words, static_cast<unsigned>(rect.srcX),
-                      rect.w, bits.shift, bits.keepMask);
+        InsertIntoRGB(PointerTo(bytes.Row(rect.srcY + j)), words, planeColumn, rect.w, bits.shift,
+                      bits.keepMask);
         ConvertFromRGB(words, row, column, rect.w);
-    }
-}
-
-void GfxSurface::ReduceToBits(int x, int y, unsigned int w, unsigned int h, int bufX, int bufY,
-                              unsigned char* buffer, unsigned int bufPitch,
-                              BitReduction reduce) const {
-    if (buffer == nullptr || bufPitch == 0) return;
-    ClippedRect rect{x, y, w, h, bufX, bufY};
-    if (!ClipRectToBounds(rect, {clipX0, clipY0, clipX1, clipY1}) || !CutBeforeOrigin(rect)) return;
-    if (StoresNothing()) return;
-    MemoryPtr words;
-    words.ptr32 = rgbLine;
-    // The bit's number may need more than 32 bits: whole bytes of it move the row's start.
-    unsigned char* const firstByte = buffer + rect.srcX / 8;
-    const auto firstBit = static_cast<unsigned>(rect.srcX % 8);
-    for (unsigned j = 0; j < rect.h; ++j) {
-        ConvertToRGB(RowPtr(lines[rect.y + static_cast<int>(j)]), words,
-                     static_cast<unsigned>(rect.x), rect.w);
-        const auto bufRow = static_cast<std::size_t>(rect.srcY) + j;
-        (this->*reduce)(words, firstByte + bufRow * bufPitch, firstBit, rect.w);
     }
 }
 
 void GfxSurface::RectExtractMono(int x, int y, unsigned int w, unsigned int h, int bufX, int bufY,
                                  unsigned char* buffer, unsigned int bufPitch) {
-    ReduceToBits(x, y, w, h, bufX, bufY, buffer, bufPitch, &GfxSurface::ExtractMonoFromRGB);
+    ReduceToBits({*this}, {x, y, w, h, bufX, bufY}, buffer, bufPitch,
+                 [this](auto... row) { ExtractMonoFromRGB(row...); });
 }
 
 void GfxSurface::RectExtractMonoAlpha(int x, int y, unsigned int w, unsigned int h, int bufX,
                                       int bufY, unsigned char* buffer, unsigned int bufPitch) {
-    ReduceToBits(x, y, w, h, bufX, bufY, buffer, bufPitch, &GfxSurface::ExtractMonoAlphaFromRGB);
+    ReduceToBits({*this}, {x, y, w, h, bufX, bufY}, buffer, bufPitch,
+                 [this](auto... row) { ExtractMonoAlphaFromRGB(row...); });
 }

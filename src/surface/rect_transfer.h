@@ -4,95 +4,77 @@
 #ifndef GFX_SURFACE_RECT_TRANSFER_H
 #define GFX_SURFACE_RECT_TRANSFER_H
 
-#include <gfx/surface.h>
-
-#include "surface/clip.h"
 #include "surface/opacity.h"
-#include "surface/rows/row_dispatch.h"
+#include "surface/surface_view.h"
 
 namespace gfx {
 
 /// What happens to colour words on their way into the target: one kernel of its format, with or
 /// without an argument (a key, a scale).
-class WriteStep {
-public:
-    using Plain = unsigned (*)(PixelRows to, PixelRows words, unsigned w, unsigned h);
-    using Keyed = unsigned (*)(PixelRows to, PixelRows words, unsigned w, unsigned h,
-                               std::uint32_t value);
-
-    explicit WriteStep(Plain kernel) : plain_(kernel), isKeyed_(false) {}
-    WriteStep(Keyed kernel, std::uint32_t value) : keyed_(kernel), value_(value), isKeyed_(true) {}
+struct WriteStep {
+    unsigned (*plain)(PixelRows to, PixelRows words, unsigned w, unsigned h) = nullptr;
+    unsigned (*withValue)(PixelRows to, PixelRows words, unsigned w, unsigned h,
+                          std::uint32_t value) = nullptr;
+    std::uint32_t value = 0;
 
     unsigned operator()(PixelRows to, PixelRows words, unsigned w, unsigned h) const {
-        return isKeyed_ ? keyed_(to, words, w, h, value_) : plain_(to, words, w, h);
+        return plain != nullptr ? plain(to, words, w, h) : withValue(to, words, w, h, value);
     }
-
-private:
-    Plain plain_ = nullptr;
-    Keyed keyed_ = nullptr;
-    std::uint32_t value_ = 0;
-    bool isKeyed_;
 };
 
-}  // namespace gfx
-
-struct GfxSurface::Transfer {
-    GfxSurface& to;
-    const GfxSurface& from;
-    gfx::ClippedRect rect;
+/// A copy or blend between two surfaces on its way.
+struct Transfer {
+    SurfaceView to;
+    SurfaceView from;
+    ClippedRect rect;
     bool wraps = false;
 
     /// Clips to the target's clip rectangle, and to the source or into its tile.
     /// @return whether anything is left.
     bool Frame(bool tile);
 
-    gfx::PixelFormat TargetFormat() const {
-        return gfx::FormatOf(to.depth, to.pixelShift, to.lines);
-    }
-    gfx::PixelFormat SourceFormat() const {
-        return gfx::FormatOf(from.depth, from.pixelShift, from.lines);
-    }
+    bool IsDrawable() const { return to.IsDrawable() && from.IsDrawable(); }
 
     /// A copy within one surface whose target lies below its source, over it: bottom up.
     bool RunsUpwards() const {
-        return !wraps && &from == &to && rect.srcY < rect.y && rect.y < rect.srcY + rect.h;
+        return !wraps && &from.surface == &to.surface && rect.srcY < rect.y &&
+               rect.y < rect.srcY + rect.h;
     }
 
-    gfx::PixelRows Target(unsigned row = 0) const {
-        return {to.lines + rect.y + row, static_cast<std::size_t>(rect.x)};
-    }
-    gfx::PixelRows Source() const {
-        return {from.lines + rect.srcY, static_cast<std::size_t>(rect.srcX)};
-    }
+    PixelRows Target(unsigned row = 0) const { return to.Rows(rect.x, std::int64_t{rect.y} + row); }
+    PixelRows Source() const { return from.Rows(rect.srcX, rect.srcY); }
 
     /// Runs the step on rows of colour words: in place where the source holds such words, and
     /// otherwise, or where the two share memory, through the scratch row.
-    void WriteWords(const gfx::WriteStep& step) const;
+    void WriteWords(const WriteStep& step) const;
 
     /// The way that serves every pair: each row is read whole into the scratch row, then written.
-    /// The first `done` rows are left out. The words' opaque share is scaled before they are
-    /// written.
-    void ThroughScratchRow(const gfx::WriteStep& step, unsigned done = 0,
-                           std::uint32_t opacity = gfx::kUnitOpacity) const;
+    /// The first `done` rows are left out. The words' opacity is scaled before they are written.
+    void ThroughScratchRow(const WriteStep& step, unsigned done = 0,
+                           std::uint32_t opacityScale = kUnitOpacityScale) const;
 
     /// Copies within one format around the source's edges, by repeating what is drawn already;
-    /// needs surfaces that are apart.
-    void CopyTiles(const gfx::FormatKernels& kernels) const;
+    /// needs rows that are apart.
+    void CopyTiles(const FormatKernels& kernels) const;
 
-    /// Whether no two rows of target and source share memory. Surfaces whose rows do not follow
-    /// each other in their own pixel memory, as those of a derived one may, count as not apart.
-    bool AreApart() const;
+    /// Whether no row of the target shares memory with another or with a row of the source. Rows
+    /// that lie in another order than their own count as not apart.
+    bool AreRowsApart() const;
 };
 
 // Inline, because small rectangles feel a call.
-inline bool GfxSurface::Transfer::Frame(bool tile) {
-    if (!ClipRectToBounds(rect, {to.clipX0, to.clipY0, to.clipX1, to.clipY1})) return false;
-    if (!tile) return CutBeforeOrigin(rect) && ClipToSurfaceSize(rect, from.dx, from.dy);
-    if (from.dx == 0 || from.dy == 0) return false;
-    rect.srcX = gfx::WrapPosition(rect.srcX, from.dx);
-    rect.srcY = gfx::WrapPosition(rect.srcY, from.dy);
-    wraps = rect.srcX + rect.w > from.dx || rect.srcY + rect.h > from.dy;
+inline bool Transfer::Frame(bool tile) {
+    if (!ClipRectToBounds(rect, to.Clip())) return false;
+    const unsigned width = from.surface.DX();
+    const unsigned height = from.surface.DY();
+    if (!tile) return CutBeforeOrigin(rect) && ClipToSurfaceSize(rect, width, height);
+    if (width == 0 || height == 0) return false;
+    rect.srcX = WrapPosition(rect.srcX, width);
+    rect.srcY = WrapPosition(rect.srcY, height);
+    wraps = rect.srcX + rect.w > width || rect.srcY + rect.h > height;
     return true;
 }
+
+}  // namespace gfx
 
 #endif  // GFX_SURFACE_RECT_TRANSFER_H

@@ -5,15 +5,16 @@
 #include <cstring>
 
 #include "surface/opacity.h"
-#include "surface/pixel_format.h"
-#include "surface/row_pointer.h"
-#include "surface/rows/row_dispatch.h"
+#include "surface/surface_view.h"
 
 namespace {
 
 using gfx::BytesOf;
 using gfx::LoadWord;
+using gfx::PointerTo;
+using gfx::SingleRow;
 using gfx::StoreWord;
+using gfx::SurfaceView;
 
 constexpr std::uint32_t kBitsOfByte = 8;
 
@@ -25,56 +26,44 @@ inline std::uint8_t BitMask(std::size_t bit) {
 
 void GfxSurface::ConvertToRGB(MemoryPtr pixelRow, MemoryPtr colorRow, unsigned int x,
                               unsigned int n) const {
-    std::uint8_t* const from = BytesOf(pixelRow);
-    std::uint8_t* const to = BytesOf(colorRow);
-    const gfx::PixelFormat format = gfx::FormatOf(depth, pixelShift);
-    gfx::Kernels()[format].toWords({&to, 0}, {&from, x}, n, 1, alpha);
+    SurfaceView{*this}.KernelsOfPixels().toWords(SingleRow{BytesOf(colorRow)},
+                                                 SingleRow{BytesOf(pixelRow), x}, n, 1, alpha);
 }
 
 void GfxSurface::ConvertTileToRGB(MemoryPtr pixelRow, MemoryPtr colorRow, unsigned int x,
                                   unsigned int n) const {
-    if (dx == 0 || gfx::FormatOf(depth, pixelShift) == gfx::PixelFormat::None) return;
+    if (dx == 0 || SurfaceView{*this}.FormatOfPixels() == gfx::PixelFormat::None) return;
     // One period of the pattern in at most two runs; then what is there is doubled.
     std::uint8_t* const words = BytesOf(colorRow);
-    const auto wordAt = [words](std::size_t i) {
-        MemoryPtr at;
-        at.ptr8 = words + i * sizeof(std::uint32_t);
-        return at;
-    };
+    const auto wordAt = [words](std::size_t i) { return words + i * sizeof(std::uint32_t); };
     const unsigned start = x % dx;
     const unsigned period = n < dx ? n : dx;
     const unsigned toEdge = dx - start < period ? dx - start : period;
-    ConvertToRGB(pixelRow, wordAt(0), start, toEdge);
-    ConvertToRGB(pixelRow, wordAt(toEdge), 0, period - toEdge);
+    ConvertToRGB(pixelRow, colorRow, start, toEdge);
+    ConvertToRGB(pixelRow, PointerTo(wordAt(toEdge)), 0, period - toEdge);
     for (std::size_t done = period; done < n;) {
         const std::size_t more = done < n - done ? done : n - done;
-        std::memcpy(wordAt(done).ptr8, words, more * sizeof(std::uint32_t));
+        std::memcpy(wordAt(done), words, more * sizeof(std::uint32_t));
         done += more;
     }
 }
 
 void GfxSurface::ConvertFromRGB(MemoryPtr colorRow, MemoryPtr pixelRow, unsigned int x,
                                 unsigned int n) const {
-    std::uint8_t* const from = BytesOf(colorRow);
-    std::uint8_t* const to = BytesOf(pixelRow);
-    const gfx::PixelFormat format = gfx::FormatOf(depth, pixelShift);
-    gfx::Kernels()[format].fromWords({&to, x}, {&from, 0}, n, 1);
+    SurfaceView{*this}.KernelsOfPixels().fromWords(SingleRow{BytesOf(pixelRow), x},
+                                                   SingleRow{BytesOf(colorRow)}, n, 1);
 }
 
 void GfxSurface::ConvertFromRGB(MemoryPtr colorRow, MemoryPtr pixelRow, unsigned int x,
                                 unsigned int n, unsigned int key) const {
-    std::uint8_t* const from = BytesOf(colorRow);
-    std::uint8_t* const to = BytesOf(pixelRow);
-    const gfx::PixelFormat format = gfx::FormatOf(depth, pixelShift);
-    gfx::Kernels()[format].fromWordsKeyed({&to, x}, {&from, 0}, n, 1, key);
+    SurfaceView{*this}.KernelsOfPixels().fromWordsKeyed(SingleRow{BytesOf(pixelRow), x},
+                                                        SingleRow{BytesOf(colorRow)}, n, 1, key);
 }
 
 void GfxSurface::BlendWithRGB(MemoryPtr colorRow, MemoryPtr pixelRow, unsigned int x,
                               unsigned int n) const {
-    std::uint8_t* const from = BytesOf(colorRow);
-    std::uint8_t* const to = BytesOf(pixelRow);
-    const gfx::PixelFormat format = gfx::FormatOf(depth, pixelShift);
-    gfx::Kernels()[format].blendWords({&to, x}, {&from, 0}, n, 1);
+    SurfaceView{*this}.KernelsOfPixels().blendWords(SingleRow{BytesOf(pixelRow), x},
+                                                    SingleRow{BytesOf(colorRow)}, n, 1);
 }
 
 void GfxSurface::CombineRGBAlpha(double transparency, MemoryPtr colorRow, unsigned int n) const {

@@ -1,13 +1,8 @@
 // The public writers of caller-supplied runs: BGR24 pixels, and one colour through a row of bits.
-#include <gfx/surface.h>
-
-#include "surface/pixel_format.h"
+#include "surface/surface_view.h"
 
 namespace {
 
-using gfx::Color32;
-using gfx::PixelFormat;
-using gfx::Rgb565;
 using gfx::StorePixel;
 
 /// The columns of a run that lie inside the clip rectangle, and what belongs to the first of them.
@@ -17,21 +12,13 @@ struct VisibleRun {
     std::uint64_t skipped;  // pixels of the run before `begin`
 };
 
-struct ClipColumns {
-    int x0, x1;
-};
-
 /// Where a run of n pixels from column x on ends, formed in 32 bits and read as signed: where it
 /// wraps it lies left of x, so that no column is left to write.
 std::int32_t WrappedEnd(int x, unsigned n) {
     return static_cast<std::int32_t>(static_cast<std::uint32_t>(x) + n);
 }
 
-bool MeetsColumns(int x, unsigned n, ClipColumns clip) {
-    return x < clip.x1 && WrappedEnd(x, n) > clip.x0;
-}
-
-VisibleRun ClipRun(int x, unsigned n, ClipColumns clip) {
+VisibleRun ClipRun(int x, unsigned n, const gfx::ClipBounds& clip) {
     const std::int32_t end = WrappedEnd(x, n);
     const int first = x > clip.x0 ? x : clip.x0;
     const int last = end < clip.x1 ? end : clip.x1;
@@ -69,27 +56,32 @@ void WriteMono(std::uint8_t* row, const VisibleRun& run, std::uint32_t color,
     }
 }
 
+/// Clips a run and calls write(format, row, visible run) where the surface keeps colours.
+template <class Write>
+void WriteRun(GfxSurface& surface, int x, int y, unsigned n, const void* source, Write write) {
+    const gfx::SurfaceView view{surface};
+    const gfx::ClipBounds clip = view.Clip();
+    if (!clip.HoldsRow(y) || x >= clip.x1 || WrappedEnd(x, n) <= clip.x0) return;
+    surface.SetEmpty(false);
+    if (source == nullptr) return;
+    gfx::WithFormat(view.Format(), [&](auto format) {
+        if constexpr (gfx::KeepsColor(format)) write(format, view.Row(y), ClipRun(x, n, clip));
+    });
+}
+
 }  // namespace
 
 void GfxSurface::SetPixelLineBGR24(int x, int y, unsigned int n, const unsigned char* bgr) {
-    const ClipColumns clip{clipX0, clipX1};
-    if (y < clipY0 || y >= clipY1 || !MeetsColumns(x, n, clip)) return;
-    empty = false;
-    if (bgr == nullptr) return;
-    const VisibleRun run = ClipRun(x, n, clip);
-    const PixelFormat format = gfx::FormatOf(depth, pixelShift, lines);
-    if (format == PixelFormat::Rgb565) WriteBgr24<Rgb565>(lines[y], run, bgr);
-    if (format == PixelFormat::Color32) WriteBgr24<Color32>(lines[y], run, bgr);
+    const auto write = [&]<class Format>(Format, std::uint8_t* row, const VisibleRun& run) {
+        WriteBgr24<Format>(row, run, bgr);
+    };
+    WriteRun(*this, x, y, n, bgr, write);
 }
 
 void GfxSurface::SetPixelLineMono(int x, int y, unsigned int n, unsigned int color,
                                   const unsigned char* bits) {
-    const ClipColumns clip{clipX0, clipX1};
-    if (y < clipY0 || y >= clipY1 || !MeetsColumns(x, n, clip)) return;
-    empty = false;
-    if (bits == nullptr) return;
-    const VisibleRun run = ClipRun(x, n, clip);
-    const PixelFormat format = gfx::FormatOf(depth, pixelShift, lines);
-    if (format == PixelFormat::Rgb565) WriteMono<Rgb565>(lines[y], run, color, bits);
-    if (format == PixelFormat::Color32) WriteMono<Color32>(lines[y], run, color, bits);
+    const auto write = [&]<class Format>(Format, std::uint8_t* row, const VisibleRun& run) {
+        WriteMono<Format>(row, run, color, bits);
+    };
+    WriteRun(*this, x, y, n, bits, write);
 }

@@ -1,6 +1,7 @@
 // GfxSurface's life, memory, sizes and clip rectangle. Draws nothing.
 #include <gfx/surface.h>
 
+#include <algorithm>
 #include <bit>
 #include <climits>
 #include <cstring>
@@ -9,26 +10,21 @@
 #include "memory/hook_block.h"
 #include "memory/on_failure.h"
 #include "surface/limits.h"
-#include "surface/pixel_format.h"
+#include "surface/surface_view.h"
 
 static_assert(std::endian::native == std::endian::little,
               "pixels are stored as little-endian words, the way host memory is laid out");
 
 namespace {
 
+constexpr unsigned kMaxDepth = 32;
 constexpr std::uint32_t kRowAlignment = 16;  // bytes
 constexpr std::uint32_t kSizeStep = 16;      // pixels
 
-struct PixelSize {
-    std::uint32_t bytes;
-    std::uint32_t shift;
-};
-
-constexpr PixelSize PixelSizeOf(unsigned depth) {
-    if (depth == 0) return {0, 0};
-    if (depth <= 8) return {1, 0};
-    if (depth <= 16) return {2, 1};
-    return {4, 2};
+constexpr std::uint32_t BytesPerPixelOf(unsigned depth) {
+    if (depth == 0) return 0;
+    if (depth <= 8) return 1;
+    return depth <= 16 ? 2 : 4;
 }
 
 /// Bytes that the pixels of one row take, without padding.
@@ -50,13 +46,19 @@ std::uint64_t GrownExtent(unsigned extent) {
 }
 
 /// Refuses what cannot be represented, before anything is released.
-void CheckSize(std::uint64_t w, std::uint64_t h, std::uint64_t pitch) {
+void CheckExtents(std::uint64_t w, std::uint64_t h) {
     if (w > INT_MAX) throw gfx::kWidthLimit;
     if (h > INT_MAX) throw gfx::kHeightLimit;
+}
+
+/// The same of a surface that has pixel memory, which gets a row table and a scratch row as well.
+void CheckSize(std::uint64_t w, std::uint64_t h, std::uint64_t pitch) {
+    CheckExtents(w, h);
     if (pitch > UINT32_MAX) throw gfx::kPitchLimit;
-    if (pitch * h > ULONG_MAX || pitch * h > SIZE_MAX) throw gfx::kBlockLimit;
-    if (h * sizeof(std::uint8_t*) > ULONG_MAX || w * sizeof(std::uint32_t) > ULONG_MAX) {
-        throw gfx::kBlockLimit;
+    const std::uint64_t blocks[] = {pitch * h, h * sizeof(std::uint8_t*),
+                                    w * sizeof(std::uint32_t)};
+    for (const std::uint64_t size : blocks) {
+        if (size > ULONG_MAX || size > SIZE_MAX) throw gfx::kBlockLimit;
     }
 }
 
@@ -106,65 +108,61 @@ GfxSurface::GfxSurface(unsigned int bitsPerPixel)
       clipX1(0),
       clipY1(0),
       depth(bitsPerPixel),
-      bytesPerPixel(PixelSizeOf(bitsPerPixel).bytes),
-      pixelShift(PixelSizeOf(bitsPerPixel).shift),
+      bytesPerPixel(BytesPerPixelOf(bitsPerPixel)),
+      pixelShift(bytesPerPixel / 2),
       transparentColor(0) {
-    if (bitsPerPixel >= 33) throw gfx::kDepthLimit;
+    if (bitsPerPixel > kMaxDepth) throw gfx::kDepthLimit;
 }
 
 GfxSurface::~GfxSurface() noexcept(false) { GfxSurface::FreeSurfaceAndLines(); }
 
 GfxSurface* GfxSurface::New(unsigned int bitsPerPixel) {
     // A new-expression with a null result from a throwing operator new would be undefined.
-    gfx::HookBlock storage(sizeof(GfxSurface));
-    if (storage.Get() == nullptr) return nullptr;
-    auto* const made = ::new (storage.Get()) GfxSurface(bitsPerPixel);
-    storage.Release();
-    return made;
+    void* const storage = gfx::TakeBlock(sizeof(GfxSurface));
+    if (storage == nullptr) return nullptr;
+    if (bitsPerPixel > kMaxDepth) {
+        // Before the failure is thrown: a hook that throws must not meet it on its way.
+        gfx::ReturnBlock(storage);
+        throw gfx::kDepthLimit;
+    }
+    return ::new (storage) GfxSurface(bitsPerPixel);
 }
 
 void GfxSurface::Delete(GfxSurface*& s) { delete Take(s); }
 
+// The surface is left without memory when a hook throws: sizes and clip rectangle are 0 then.
+template <class ObtainPixels>
+void gfx::SurfaceView::LayOut(GfxSurface& surface, unsigned w, unsigned h, std::uint64_t pitch,
+                              ObtainPixels obtainPixels) {
+    const auto reset = [&surface](unsigned newW, unsigned newH, std::uint64_t newPitch) {
+        surface.FreeSurfaceAndLines();
+        surface.allocDX = surface.dx = newW;
+        surface.allocDY = surface.dy = newH;
+        surface.pitch = static_cast<std::uint32_t>(newPitch);
+        surface.ResetClipRect();
+    };
+    OnFailure dropAll([&] { reset(0, 0, 0); });
+    reset(w, h, pitch);
+    obtainPixels();
+    surface.AllocLinesForSurface();
+    dropAll.Dismiss();
+}
+
 void GfxSurface::Initialise(unsigned int w, unsigned int h) {
     const std::uint64_t rowBytes = PaddedPitch(depth, bytesPerPixel, w);
     CheckSize(w, h, rowBytes);
-    gfx::OnFailure dropAll([this] { DropMemory(); });
-    FreeSurfaceAndLines();
-    allocDY = dy = h;
-    allocDX = dx = w;
-    pitch = static_cast<std::uint32_t>(rowBytes);
-    ResetClipRect();
-    AllocSurface();
-    AllocLinesForSurface();
-    dropAll.Dismiss();
+    gfx::SurfaceView::LayOut(*this, w, h, rowBytes, [this] { AllocSurface(); });
 }
 
 void GfxSurface::Initialise(unsigned int w, unsigned int h, void* buffer, unsigned int rowBytes,
                             bool isEmpty) {
-    CheckSize(w, h, rowBytes);
+    buffer == nullptr ? CheckExtents(w, h) : CheckSize(w, h, rowBytes);
     if (buffer != nullptr && h > 0 && RowBytes(depth, bytesPerPixel, w) > rowBytes) {
         throw gfx::kPitchLimit;
     }
-    gfx::OnFailure dropAll([this] { DropMemory(); });
-    FreeSurfaceAndLines();
-    allocDX = dx = w;
-    allocDY = dy = h;
-    pitch = rowBytes;
-    surface = static_cast<std::uint8_t*>(buffer);
-    ResetClipRect();
-    AllocLinesForSurface();
+    gfx::SurfaceView::LayOut(*this, w, h, rowBytes,
+                             [=, this] { surface = static_cast<std::uint8_t*>(buffer); });
     empty = isEmpty;
-    dropAll.Dismiss();
-}
-
-void GfxSurface::DropMemory() {
-    FreeSurfaceAndLines();
-    allocDX = dx = allocDY = dy = pitch = 0;
-    ResetClipRect();
-}
-
-bool GfxSurface::StoresNothing() const {
-    return gfx::FormatOf(depth, pixelShift, lines) == gfx::PixelFormat::None;
 }
 
 void GfxSurface::SetNewSize(unsigned int w, unsigned int h) {
@@ -204,9 +202,21 @@ void GfxSurface::ResetClipRect() {
 }
 
 void GfxSurface::Clear() {
-    const std::size_t size = std::size_t{dy} * pitch;
-    if (size != 0 && surface != nullptr) std::memset(surface, 0, size);
+    const std::uint64_t size = std::uint64_t{pitch} * dy;
+    const std::uint64_t rowBytes = RowBytes(depth, bytesPerPixel, allocDX);
+    const auto isInside = [=, this](const std::uint8_t* row) {
+        const std::uint64_t before =
+            reinterpret_cast<std::uintptr_t>(row) - reinterpret_cast<std::uintptr_t>(surface);
+        return before <= size && rowBytes <= size - before;
+    };
     empty = true;
+    if (surface != nullptr && (lines == nullptr || std::all_of(lines, lines + dy, isInside))) {
+        if (size != 0) std::memset(surface, 0, static_cast<std::size_t>(size));
+    } else if (lines != nullptr && rowBytes != 0) {
+        std::for_each(lines, lines + dy, [=](std::uint8_t* row) {
+            std::memset(row, 0, static_cast<std::size_t>(rowBytes));
+        });
+    }
 }
 
 void GfxSurface::AllocSurface() {

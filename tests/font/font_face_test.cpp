@@ -110,6 +110,34 @@ TEST(FontFace, The_first_map_with_either_pair_of_ids_is_used) {
     }
 }
 
+TEST(FontFace, HasGlyph_tells_mapped_codes_from_those_drawn_as_the_missing_glyph) {
+    LedgerCheck check;
+    const ScratchDirectory directory;
+    FaceFile file;
+    file.SetCharMaps({{1, 0}});
+    file.Save(directory.File("unmapped"));
+    ProbeCache cache;
+    EXPECT_FALSE(cache.HasGlyph('A')) << "no face was opened yet";
+    for (const int map : {0, -1}) {
+        const std::string path = map < 0 ? directory.File("unmapped") : GFX_TEST_FACE;
+        Reference reference(path, 20, true);
+        if (map < 0) reference.UseCharMap(map);
+        ASSERT_TRUE(cache.OpenFace(path.c_str(), 20, true));
+        unsigned mapped = 0;
+        for (unsigned code = 0; code < 1024; ++code) {
+            mapped += reference.GlyphIndex(code) != 0;
+            ASSERT_EQ(reference.GlyphIndex(code) != 0, cache.HasGlyph(code)) << "code " << code;
+        }
+        EXPECT_EQ(map == 0, mapped > 100 && mapped < 1024) << "the face shows only one answer";
+        for (const unsigned code : {1024U, 1024U + 'A', 65536U + 'A', ~0U})
+            EXPECT_FALSE(cache.HasGlyph(code)) << "code " << code;
+    }
+    ASSERT_TRUE(cache.OpenFace(GFX_TEST_FACE, 20, true));
+    EXPECT_TRUE(cache.HasGlyph('A'));
+    cache.CloseFace();
+    EXPECT_FALSE(cache.HasGlyph('A')) << "the face is closed";
+}
+
 TEST(FontFace, Metrics_are_scaled_by_adding_half_and_truncating) {
     struct Case {
         int unitsPerEm, size, ascender, descender, lineGap;

@@ -84,8 +84,12 @@ void Reference::UseCharMap(int i) {
     if (usesMap_) FT_Set_Charmap(face_, face_->charmaps[i]);
 }
 
+unsigned Reference::GlyphIndex(unsigned code) const {
+    return usesMap_ ? FT_Get_Char_Index(face_, code) : 0;
+}
+
 void Reference::Load(unsigned code) {
-    const FT_UInt index = usesMap_ ? FT_Get_Char_Index(face_, code) : 0;
+    const FT_UInt index = GlyphIndex(code);
     Require(FT_Load_Glyph(face_, index, FT_LOAD_NO_BITMAP) == 0, "a glyph cannot be loaded");
     FT_Outline* const outline = &face_->glyph->outline;
     FT_Outline_Get_CBox(outline, &box_);

@@ -63,6 +63,9 @@ public:
     /// Maps codes by the face's map i, by none (every code is glyph 0) when i is negative.
     void UseCharMap(int i);
 
+    /// The glyph of a code; 0 for one that the map lacks.
+    unsigned GlyphIndex(unsigned code) const;
+
     /// Loads, measures and renders the glyph of a code.
     void Load(unsigned code);
 

@@ -3,8 +3,9 @@
 
 #include <gfx/surface.h>
 
-#include <algorithm>
 #include <memory>
+
+#include "support/row_order.h"
 
 namespace test {
 
@@ -43,16 +44,20 @@ public:
     using GfxSurface::InsertMonoIntoRGB;
 };
 
-/// A derived surface that lays its rows where it likes: row 0 is the last one in memory.
-class BottomUpSurface : public ProbeSurface {
+/// A surface that lays its rows in an order of its own.
+class OrderedSurface : public ProbeSurface {
 public:
-    using ProbeSurface::ProbeSurface;
+    OrderedSurface(unsigned bits, RowOrder order) : ProbeSurface(bits), order_(order) {}
 
 protected:
     void AllocLinesForSurface() override {
         ProbeSurface::AllocLinesForSurface();
-        if (lines != nullptr) std::reverse(lines, lines + DY());
+        for (unsigned y = 0; lines != nullptr && y < DY(); ++y)
+            lines[y] = surface + std::size_t{RowInMemory(order_, y, DY())} * Pitch();
     }
+
+private:
+    RowOrder order_;
 };
 
 /// Owns a surface made with GfxSurface::New.

@@ -143,6 +143,16 @@ TEST(FailureSweep, A_line_whose_buffer_cannot_be_had_leaves_the_surface_as_it_wa
     EXPECT_EQ(calls, HookLedger::Calls()) << "the buffer is kept for later lines";
 }
 
+TEST(FailureSweep, New_of_a_refused_depth_shows_the_exception_of_a_hook_that_throws) {
+    LedgerCheck ledger;
+    HookLedger::ThrowAt(2);
+    EXPECT_THROW(GfxSurface::New(33), HookFailure);
+    EXPECT_FALSE(HookLedger::IsThrowPending()) << "the storage was not returned";
+    EXPECT_THROW(GfxSurface::New(33), const char*);
+    HookLedger::DeliverNullOnce();
+    EXPECT_EQ(nullptr, GfxSurface::New(33));
+}
+
 TEST(FailureSweep, Null_for_a_request_of_0_bytes_is_no_failure) {
     LedgerCheck ledger;
     ProbeSurface s(32);

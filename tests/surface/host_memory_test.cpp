@@ -2,6 +2,7 @@
 // share one block.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -78,6 +79,45 @@ TEST(HostMemory, A_derived_class_supplies_its_own_memory) {
         for (const FencedMemory& row : s.rows)
             EXPECT_TRUE(row.IsFenceWhole()) << "depth " << bits;
     }
+}
+
+/// With one surface's rows as noise, and nothing else of them known.
+void FillWithNoise(HandMadeSurface& s) {
+    for (FencedMemory& row : s.rows)
+        std::fill_n(row.Data(), row.Size() - 3, std::uint8_t{0xAB});
+}
+
+TEST(HostMemory, Clear_of_rows_that_lie_apart_zeroes_them_and_nothing_else) {
+    for (const unsigned bits : {8u, 16u, 32u, 1u}) {
+        for (const bool hasSurface : {true, false}) {
+            HandMadeSurface s(bits);
+            s.Initialise(40, 24);
+            FillWithNoise(s);
+            if (!hasSurface) s.surface = nullptr;
+            s.SetEmpty(false);
+            s.Clear();
+            EXPECT_TRUE(s.IsEmpty());
+            const unsigned rowBytes = bits == 1 ? 5 : 40 * s.bytesPerPixel;
+            for (int y = 0; y < 24; ++y) {
+                const auto* row = static_cast<const std::uint8_t*>(s.Line(y));
+                EXPECT_EQ(rowBytes, std::count(row, row + rowBytes, 0))
+                    << "depth " << bits << ", row " << y << ", first row known: " << hasSurface;
+            }
+            for (const FencedMemory& row : s.rows)
+                EXPECT_TRUE(row.IsFenceWhole()) << "depth " << bits;
+        }
+    }
+}
+
+TEST(HostMemory, Clear_of_a_smaller_size_zeroes_its_rows_wherever_they_lie) {
+    OrderedSurface s(32, RowOrder::kBottomUp);
+    s.Initialise(20, 10);
+    s.RectFill(0, 0, 20, 10, 7);
+    s.SetNewSize(20, 3);
+    s.Clear();
+    s.SetNewSize(20, 10);
+    for (int y = 0; y < 10; ++y)
+        EXPECT_EQ(y < 3 ? 0u : 7u, s.RetPixelRGB(19, y)) << "row " << y;
 }
 
 TEST(HostMemory, Surfaces_over_one_memory_never_leave_it) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cfenv>
 #include <climits>
 #include <cmath>
 #include <cstring>
@@ -79,6 +80,17 @@ TEST(LineDots, Offsets_start_at_the_stated_pixel_and_fraction) {
     }
 }
 
+TEST(LineDots, No_steps_write_one_record_and_divide_nothing_by_0) {
+    ProbeSurface s(8);
+    s.ComputeLineDotsDX(0, 0, 1, 0, 0.0);
+    std::feclearexcept(FE_ALL_EXCEPT);
+    s.ComputeLineDotsDX(0, 20, 0, 0, 1.25);
+    EXPECT_TRUE(s.dots[0].minor == 21 && s.dots[0].fraction == 63);
+    s.ComputeLineDotsDY(20, 0, 0, 0, 0.5);
+    EXPECT_TRUE(s.dots[0].minor == 20 && s.dots[0].fraction == 127);
+    EXPECT_EQ(0, std::fetestexcept(FE_INVALID | FE_DIVBYZERO));
+}
+
 TEST(LineDots, Boundless_offsets_write_only_the_records_of_the_line) {
     ProbeSurface s(8);
     s.ComputeLineDotsDX(0, 0, 1, 0, 0.0);
@@ -127,10 +139,10 @@ TEST(Lines, Dashes_draw_these_runs) {
                   {{2, 5, 9}, -1, "##..##..##..##.."}, {{1, 1, 1}, 0, "################"},
                   {{4}, 1, "####....####...."},        {{65535, 1}, 2, "################"}};
     for (const auto& c : kCases) {
-        for (const bool smooth : {false, true}) {
+        for (const bool isAntiAliased : {false, true}) {
             const SurfacePtr s = MakeSurface(8, 16, 2);
-            smooth ? s->DrawAALine(0, 0, 15, 0, kInk, c.pattern.data(), c.count)
-                   : s->DrawLine(0, 0, 15, 0, kInk, c.pattern.data(), c.count);
+            isAntiAliased ? s->DrawAALine(0, 0, 15, 0, kInk, c.pattern.data(), c.count)
+                          : s->DrawLine(0, 0, 15, 0, kInk, c.pattern.data(), c.count);
             std::string drawn;
             for (int x = 0; x < 16; ++x)
                 drawn += s->RetPixelRGB(x, 0) == kInk ? '#' : '.';
@@ -232,7 +244,7 @@ TEST(Lines, A_line_and_its_reverse_give_the_same_pixels_in_all_octants) {
     }
 }
 
-TEST(Lines, Straight_smooth_lines_count_as_drawn_where_only_their_far_pixels_are_visible) {
+TEST(Lines, Straight_anti_aliased_lines_count_as_drawn_where_only_their_far_pixels_are_visible) {
     static constexpr struct {
         int dx, dy;
         Rect clip;
@@ -250,7 +262,7 @@ TEST(Lines, Straight_smooth_lines_count_as_drawn_where_only_their_far_pixels_are
     }
 }
 
-/// The drawers take other ways down rows 4 KiB apart.
+/// Blended lines take another way down rows 4 KiB apart.
 TEST(Lines, The_distance_of_rows_makes_no_difference) {
     constexpr int kSide = 90, kCrowded = 4096, kLoose = 1000;
     std::mt19937 random(23);

@@ -48,18 +48,18 @@ Model::Model(unsigned bitsPerPixel) : depth(bitsPerPixel) {
 void Model::Initialise(unsigned w, unsigned h) {
     const unsigned rowBytes = (bytesPerPixel * w + 15) / 16 * 16;
     InitialiseOver(w, h, nullptr, depth == 1 ? rowBytes / 8 : rowBytes, true);
-    bytes.assign(std::size_t{pitch} * h, 0);
+    bytes = std::make_shared<std::vector<std::uint8_t>>(std::size_t{pitch} * h);
     hasMemory = true;
 }
 
-void Model::InitialiseOver(unsigned w, unsigned h, const std::uint8_t* memory, unsigned rowBytes,
+void Model::InitialiseOver(unsigned w, unsigned h,
+                           std::shared_ptr<std::vector<std::uint8_t>> memory, unsigned rowBytes,
                            bool isEmpty) {
     dx = allocDX = w;
     dy = allocDY = h;
     pitch = rowBytes;
     hasMemory = memory != nullptr;
-    bytes.clear();
-    if (hasMemory) bytes.assign(memory, memory + std::size_t{pitch} * h);
+    bytes = std::move(memory);
     ResetClipRect();
     empty = isEmpty;
 }
@@ -94,25 +94,37 @@ void Model::ResetClipRect() {
 }
 
 void Model::Clear() {
-    if (hasMemory) std::fill_n(bytes.begin(), std::size_t{pitch} * dy, std::uint8_t{0});
     empty = true;
+    if (!hasMemory) return;
+    const std::size_t size = std::size_t{pitch} * dy;
+    const std::size_t row = depth == 1 ? (allocDX + 7) / 8 : allocDX * bytesPerPixel;
+    bool areInside = true;
+    for (unsigned y = 0; y < dy; ++y)
+        areInside &= At(0, y) + row <= size;
+    const auto clear = [this](std::size_t at, std::size_t n) {
+        std::fill_n(bytes->begin() + static_cast<std::ptrdiff_t>(at), n, std::uint8_t{0});
+    };
+    if (areInside) return clear(0, size);
+    // A smaller size than was laid out, its rows elsewhere in memory: only they are cleared.
+    for (unsigned y = 0; y < dy; ++y)
+        clear(At(0, y), row);
 }
 
 std::size_t Model::At(std::int64_t x, std::int64_t y) const {
-    const std::int64_t row = bottomUp ? allocDY - 1 - y : y;
-    return static_cast<std::size_t>(row * pitch + x * bytesPerPixel);
+    const std::size_t row = RowInMemory(order, static_cast<unsigned>(y), allocDY);
+    return row * pitch + static_cast<std::size_t>(x) * bytesPerPixel;
 }
 
 Word Model::Load(std::int64_t x, std::int64_t y) const {
     Word unit = 0;
     for (unsigned i = 0; i < bytesPerPixel; ++i)
-        unit |= Word{bytes.at(At(x, y) + i)} << (8 * i);
+        unit |= Word{bytes->at(At(x, y) + i)} << (8 * i);
     return unit;
 }
 
 void Model::Store(std::int64_t x, std::int64_t y, Word unit) {
     for (unsigned i = 0; i < bytesPerPixel; ++i)
-        bytes.at(At(x, y) + i) = static_cast<std::uint8_t>(unit >> (8 * i));
+        bytes->at(At(x, y) + i) = static_cast<std::uint8_t>(unit >> (8 * i));
 }
 
 Word Model::Read(std::int64_t x, std::int64_t y) const {
@@ -205,7 +217,7 @@ void Model::RunMono(int x, int y, unsigned n, Word color, const std::uint8_t* bi
     }
 }
 
-const char* Model::Line(Point from, Point to, Word color, Dashes dashes, bool smooth) {
+const char* Model::Line(Point from, Point to, Word color, Dashes dashes, bool isAntiAliased) {
     const std::int64_t extentX = std::llabs(std::int64_t{to.x} - from.x);
     const std::int64_t extentY = std::llabs(std::int64_t{to.y} - from.y);
     const bool alongX = extentX >= extentY;
@@ -219,7 +231,7 @@ const char* Model::Line(Point from, Point to, Word color, Dashes dashes, bool sm
     const std::int64_t major = alongX ? from.x : from.y, minor = alongX ? from.y : from.x;
     const auto rise = static_cast<int>((alongX ? to.y : to.x) - minor);
     const std::vector<ModelDot> dots =
-        ModelDots(minor, static_cast<unsigned>(steps), rise, smooth ? 0.0 : 0.5);
+        ModelDots(minor, static_cast<unsigned>(steps), rise, isAntiAliased ? 0.0 : 0.5);
     const auto plot = [&](std::int64_t i, std::int64_t at, Word paint) {
         alongX ? SetPixelBlend(major + i, at, paint) : SetPixelBlend(at, major + i, paint);
     };
@@ -228,7 +240,7 @@ const char* Model::Line(Point from, Point to, Word color, Dashes dashes, bool sm
     for (std::int64_t i = 0; i <= steps; ++i) {
         const ModelDot& dot = dots[static_cast<std::size_t>(i)];
         if (!walk.NextIsDrawn()) continue;
-        if (!smooth) {
+        if (!isAntiAliased) {
             plot(i, dot.minor, color);
             continue;
         }

@@ -5,8 +5,10 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <vector>
 
+#include "support/row_order.h"
 #include "surface/line_model.h"
 
 namespace test {
@@ -48,8 +50,8 @@ struct Model {
     explicit Model(unsigned bitsPerPixel);
 
     void Initialise(unsigned w, unsigned h);
-    void InitialiseOver(unsigned w, unsigned h, const std::uint8_t* memory, unsigned rowBytes,
-                        bool isEmpty);
+    void InitialiseOver(unsigned w, unsigned h, std::shared_ptr<std::vector<std::uint8_t>> memory,
+                        unsigned rowBytes, bool isEmpty);
     void SetNewSize(unsigned w, unsigned h);
     void OptimiseSize();
     void SetClipRect(const Rect& r);
@@ -72,7 +74,7 @@ struct Model {
     void ExtractMono(const Rect& r, Point at, std::uint8_t* buffer, unsigned bufPitch,
                      bool fromAlpha) const;
     /// The text of the failure, or null.
-    const char* Line(Point from, Point to, Word color, Dashes dashes, bool smooth);
+    const char* Line(Point from, Point to, Word color, Dashes dashes, bool isAntiAliased);
     void Blit(unsigned x, unsigned y, unsigned w, unsigned h, std::uint8_t* dest,
               unsigned destPitch, bool to555) const;
 
@@ -93,9 +95,10 @@ struct Model {
     unsigned dx = 0, dy = 0, allocDX = 0, allocDY = 0, pitch = 0, alpha = 0;
     Word key = 0;
     bool keyed = false, empty = false, hasMemory = false;
-    bool bottomUp = false;  ///< row 0 is the last one in memory
+    RowOrder order = RowOrder::kTopDown;
     std::int64_t clipX0 = 0, clipY0 = 0, clipX1 = 0, clipY1 = 0;
-    std::vector<std::uint8_t> bytes;  ///< all allocDY rows, gaps included
+    /// All allocDY rows, gaps included. Models of surfaces over one memory share it.
+    std::shared_ptr<std::vector<std::uint8_t>> bytes;
 };
 
 }  // namespace test

@@ -1,5 +1,5 @@
-// The surfaces of the random drawing test, each beside its model, and the random values that its
-// operations draw with. Finds the first difference between a surface and its model.
+// The surfaces of random drawing, each beside its model, and the values that its operations draw
+// with, made of a source's choices. Finds the first difference between a surface and its model.
 #pragma once
 
 #include <algorithm>
@@ -31,21 +31,39 @@ inline std::ostream& operator<<(std::ostream& out, const Point& p) {
     return out << p.x << ", " << p.y;
 }
 
-// A surface of the library and what it should be.
+/// Where the choices of random drawing come from.
+class Choices {
+public:
+    virtual ~Choices() = default;
+    virtual int Between(int low, int high) = 0;  ///< both included
+};
+
+class SeededChoices : public Choices {
+public:
+    explicit SeededChoices(unsigned seed) : rng_(seed) {}
+    int Between(int low, int high) override {
+        return std::uniform_int_distribution<>(low, high)(rng_);
+    }
+
+private:
+    std::mt19937 rng_;
+};
+
+/// A surface of the library and what it should be. Several may lie over one host memory.
 struct Slot {
-    std::unique_ptr<FencedMemory> host;
+    std::shared_ptr<FencedMemory> host;
     std::unique_ptr<ProbeSurface> real;
     Model model{0};
 };
 
 class World {
 public:
-    explicit World(unsigned seed) : rng_(seed) {
+    explicit World(Choices& choices) : choices_(choices) {
         for (Slot& slot : slots_)
             Replace(slot);
     }
 
-    int Between(int low, int high) { return std::uniform_int_distribution<>(low, high)(rng_); }
+    int Between(int low, int high) { return choices_.Between(low, high); }
     unsigned Up(unsigned high) { return static_cast<unsigned>(Between(0, static_cast<int>(high))); }
     bool OneIn(int n) { return Between(1, n) == 1; }
     template <typename T, std::size_t N>
@@ -112,11 +130,11 @@ public:
         static constexpr unsigned kUsual[] = {8, 8, 16, 32, 32};
         const unsigned bits = OneIn(2) ? OneOf(kUsual) : Up(32);
         depthsSeen.insert(bits);
-        const bool bottomUp = OneIn(5);
-        slot.real.reset(bottomUp ? new BottomUpSurface(bits) : new ProbeSurface(bits));
+        const auto order = OneIn(2) ? RowOrder::kTopDown : static_cast<RowOrder>(Up(3));
+        slot.real = std::make_unique<OrderedSurface>(bits, order);
         slot.host.reset();
         slot.model = Model(bits);
-        slot.model.bottomUp = bottomUp;
+        slot.model.order = order;
         OneIn(2) ? LayOverHost(slot) : TakeOwn(slot);
         Noise(slot);
     }
@@ -129,27 +147,67 @@ public:
     }
 
     void LayOverHost(Slot& slot) {
+        if (OneIn(2) && ShareHost(slot)) return;
         const auto w = Up(70), h = Up(70);
-        const unsigned rowBytes =
-            slot.model.depth == 1 ? (w + 7) / 8 : w * slot.model.bytesPerPixel;
-        auto memory = std::make_unique<FencedMemory>(rowBytes, h, Up(9), Up(7));
-        std::uint8_t* data = OneIn(12) ? nullptr : memory->Data();
-        const bool isEmpty = OneIn(2);
-        Say("Initialise over host", w, h, memory->Pitch(), data == nullptr, isEmpty);
-        slot.real->Initialise(w, h, data, memory->Pitch(), isEmpty);
-        slot.model.InitialiseOver(w, h, data, memory->Pitch(), isEmpty);
-        slot.host = std::move(memory);
+        const unsigned rowBytes = RowBytesOf(slot.model, w);
+        auto memory = std::make_shared<FencedMemory>(rowBytes, h, Up(9), Up(7));
+        std::shared_ptr<std::vector<std::uint8_t>> bytes;
+        if (!OneIn(12)) {
+            bytes = std::make_shared<std::vector<std::uint8_t>>(memory->Data(),
+                                                                memory->Data() + memory->Size());
+        }
+        LayOver(slot, memory, bytes, w, h, memory->Pitch());
     }
+
+    /// Lays a surface over memory that another one lies over, in rows of its own length.
+    bool ShareHost(Slot& slot) {
+        const auto isShareable = [&](const Slot& other) {
+            return &other != &slot && other.host != nullptr && other.model.bytes != nullptr &&
+                   other.real->surface == other.host->Data() && other.host->Size() != 0;
+        };
+        const auto found = std::find_if(std::begin(slots_), std::end(slots_), isShareable);
+        if (found == std::end(slots_)) return false;
+        const Slot& other = *found;
+        const unsigned h = 1 + Up(69);
+        const auto pitch = static_cast<unsigned>(other.host->Size() / h);
+        unsigned w = Up(70);
+        while (RowBytesOf(slot.model, w) > pitch)
+            w /= 2;
+        LayOver(slot, other.host, other.model.bytes, w, h, pitch);
+        ++memoriesShared;
+        return true;
+    }
+
+    void LayOver(Slot& slot, const std::shared_ptr<FencedMemory>& memory,
+                 const std::shared_ptr<std::vector<std::uint8_t>>& bytes, unsigned w, unsigned h,
+                 unsigned pitch) {
+        std::uint8_t* const data = bytes == nullptr ? nullptr : memory->Data();
+        const bool isEmpty = OneIn(2);
+        Say("Initialise over host", w, h, pitch, data == nullptr, isEmpty);
+        slot.real->Initialise(w, h, data, pitch, isEmpty);
+        slot.model.InitialiseOver(w, h, bytes, pitch, isEmpty);
+        slot.host = memory;
+    }
+
+    /// A generator of values that no choice is spent on, seeded by one.
+    std::minstd_rand Noise() { return std::minstd_rand(1 + Up(65534)); }
 
     // The host fills the rows itself; few values, so that keys match and runs repeat.
     void Noise(Slot& slot) {
         Model& m = slot.model;
         if (!m.Stores()) return;
+        Word palette[8];
+        for (Word& color : palette)
+            color = Color();
+        std::minstd_rand noise = Noise();
         for (unsigned y = 0; y < m.allocDY; ++y) {
-            for (unsigned x = 0; x < m.allocDX; ++x)
-                m.Store(x, y, OneIn(2) ? Color() : m.Load(x / 2, y / 2));
+            for (unsigned x = 0; x < m.allocDX; ++x) {
+                const auto value = static_cast<Word>(noise());
+                const Word fresh = value & 0x100 ? palette[value & 7] : value << 8 ^ value >> 7;
+                m.Store(x, y, value & 0x200 ? fresh : m.Load(x / 2, y / 2));
+            }
         }
-        std::copy(m.bytes.begin(), m.bytes.end(), slot.real->surface);
+        std::copy(m.bytes->begin(), m.bytes->end(), slot.real->surface);
     }
 
     // A key that some source pixel has, or misses by its alpha alone.
@@ -199,7 +257,7 @@ public:
                 Expect(name + kFields[i], static_cast<Word>(expected[i]),
                        static_cast<Word>(got[i]));
             if (!difference_.empty()) break;
-            CompareBytes(name, m.bytes, s.surface);
+            if (m.bytes != nullptr) CompareBytes(name, *m.bytes, s.surface);
             if (slot.host != nullptr) Expect(name + " fence whole", 1, slot.host->IsOutsideWhole());
         }
         return difference_;
@@ -215,9 +273,14 @@ public:
     }
 
     std::set<unsigned> depthsSeen;
+    unsigned memoriesShared = 0;
 
 private:
-    std::mt19937 rng_;
+    static unsigned RowBytesOf(const Model& model, unsigned w) {
+        return model.depth == 1 ? (w + 7) / 8 : w * model.bytesPerPixel;
+    }
+
+    Choices& choices_;
     std::ostringstream log_;
     std::string difference_;
     Slot slots_[4];

@@ -70,7 +70,9 @@ TEST(RowConversion, ConvertTileToRGB_wraps_at_the_width) {
             Model model(bits);
             Noisy colors(random, 4 * n, 1), pixels(random, width * s.bytesPerPixel, 1);
             s.Initialise(width, 1);
-            model.InitialiseOver(width, 1, pixels.expected.data(), width * s.bytesPerPixel, false);
+            model.InitialiseOver(width, 1,
+                                 std::make_shared<std::vector<std::uint8_t>>(pixels.expected),
+                                 width * s.bytesPerPixel, false);
             for (unsigned i = 0; i < n; ++i)
                 PutWord(colors, i, model.Read((x + i) % width, 0));
             s.ConvertTileToRGB(pixels.Row(), colors.Row(), x, n);

@@ -2,6 +2,7 @@
 // surface's own. Each pixel must come out as the plain order of writes gives it.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <vector>
@@ -59,8 +60,51 @@ TEST_P(SharedRows, A_tile_copy_leaves_what_the_later_of_two_rows_shows) {
     }
 }
 
+/// Rows begin the pitch apart, less than they are long, in memory that reaches
+/// into the target's: where its pitch says that it ends, its last row goes on.
+class CrampedSurface : public ProbeSurface {
+public:
+    CrampedSurface(unsigned bits, std::uint8_t* first) : ProbeSurface(bits), first_(first) {}
+
+protected:
+    void AllocLinesForSurface() override {
+        surface = first_;
+        ProbeSurface::AllocLinesForSurface();
+    }
+
+private:
+    std::uint8_t* first_;
+};
+
+TEST_P(SharedRows, A_tile_copy_from_rows_that_reach_into_the_target_gives_exact_pixels) {
+    constexpr unsigned kTile = 6, kRows = 3, kPitch = 8;
+    const unsigned unit = GetParam() / 8;
+    for (unsigned targetAt = 0; targetAt <= kRows * kPitch + kTile * unit; targetAt += unit) {
+        std::vector<std::uint8_t> memory(1024), expected;
+        for (std::size_t i = 0; i < memory.size(); ++i)
+            memory[i] = static_cast<std::uint8_t>(i * 37 + i / 7);
+        expected = memory;
+        CrampedSurface source(GetParam(), memory.data());
+        ProbeSurface target(GetParam());
+        source.Initialise(kTile, kRows, nullptr, kPitch, false);
+        target.Initialise(kWidth, kHeight, memory.data() + targetAt, kWidth * unit, false);
+        target.RectCopy(0, 0, kWidth, kHeight, 2, 1, &source, true);
+        for (unsigned y = 0; y < kHeight; ++y) {
+            // Each row is read whole before it is written.
+            std::vector<std::uint8_t> row;
+            for (unsigned x = 0; x < kWidth * unit; ++x) {
+                const unsigned column = (2 + x / unit) % kTile;
+                row.push_back(expected[(1 + y) % kRows * kPitch + column * unit + x % unit]);
+            }
+            std::copy(row.begin(), row.end(),
+                      expected.begin() + static_cast<int>(targetAt + y * kWidth * unit));
+        }
+        ASSERT_EQ(expected, memory) << "target " << targetAt << " bytes behind the source";
+    }
+}
+
 /// Rows shown twice, and rows that begin less than a pixel, a pixel or little more behind another.
-TEST_P(SharedRows, A_smooth_line_blends_near_and_far_pixel_one_after_the_other) {
+TEST_P(SharedRows, An_anti_aliased_line_blends_near_and_far_pixel_one_after_the_other) {
     const LedgerCheck ledger;
     constexpr unsigned kColor = 0x00F0A010;
     constexpr int kRise = 7;

@@ -245,28 +245,15 @@ TEST(SurfaceLife, Without_host_memory_a_huge_surface_draws_nothing_and_reads_as_
     EXPECT_TRUE(s.IsEmpty());
 }
 
-TEST(SurfaceLife, SetClipRect_stays_inside_for_every_class_of_argument) {
-    static constexpr int kAt[] = {INT_MIN, INT_MIN + 1, -101, -100, -50,         -1,     0,
-                                  1,       99,          100,  101,  INT_MAX - 1, INT_MAX};
-    static constexpr unsigned kSizes[] = {0,          1,          49,           50,      51,
-                                          99,         100,        101,          150,     0x7FFFFFFF,
-                                          0x80000000, 0x80000001, UINT_MAX - 1, UINT_MAX};
-    for (const unsigned side : {0u, 1u, 100u, 0x7FFFFFFFu}) {
-        ProbeSurface s(8);
-        Model model(8);
-        s.Initialise(side, side, nullptr, 0, false);
-        model.InitialiseOver(side, side, nullptr, 0, false);
-        for (const int at : kAt) {
-            for (const unsigned size : kSizes) {
-                s.SetClipRect(at, 0, size, side);
-                model.SetClipRect({at, 0, size, side});
-                EXPECT_EQ(model.clipX0, s.clipX0) << at << ", " << size << " of " << side;
-                EXPECT_EQ(model.clipX1, s.clipX1) << at << ", " << size << " of " << side;
-                EXPECT_TRUE(s.clipY0 == 0 && s.clipY1 == static_cast<int>(side));
-                s.SetClipRect(0, at, side, size);
-                EXPECT_EQ(model.clipX0, s.clipY0) << "row " << at << ", " << size << " of " << side;
-                EXPECT_EQ(model.clipX1, s.clipY1) << "row " << at << ", " << size << " of " << side;
-            }
+TEST(SurfaceLife, A_surface_without_memory_is_refused_no_size_that_fits_an_int) {
+    LedgerCheck ledger;
+    for (const unsigned w : {0x40000000u, 0x7FFFFFFFu}) {
+        for (const unsigned pitch : {0u, 0xFFFFFFFFu}) {
+            ProbeSurface s(32);
+            const std::size_t calls = HookLedger::Calls();
+            EXPECT_EQ("none", FailureOf([&] { s.Initialise(w, w, nullptr, pitch, true); }));
+            EXPECT_EQ((std::vector<std::int64_t>{w, w, w, w, pitch, 0, 0, w, w, 0}), Layout(s));
+            EXPECT_EQ(calls, HookLedger::Calls()) << "nothing is needed";
         }
     }
 }

@@ -1,9 +1,7 @@
 // Anti-aliased lines, solid and dashed: two neighbouring pixels a step, near and far, share the
 // colour by how far the exact line lies between them.
-#include <gfx/surface.h>
-
-#include "surface/lines/line_blend.h"
 #include "surface/lines/line_target.h"
+#include "surface/rows/pixel_pair.h"
 
 using gfx::DashPattern;
 using gfx::FixedSteps;
@@ -39,6 +37,14 @@ struct LineColor {
     std::uint32_t WholeNear() const { return WithShare(NearShare(0)); }
 };
 
+/// A line and what it is drawn on.
+struct AALine {
+    const LineTarget& target;
+    const LineWalk& walk;
+    std::uint32_t color;
+    DashPattern dashes;
+};
+
 /// The steps of a line by what of them is visible: some pixel in `touched`, both in `inner`.
 struct VisibleSteps {
     StepRange touched;
@@ -46,9 +52,10 @@ struct VisibleSteps {
 };
 
 template <class Steps>
-VisibleSteps VisibleStepsOf(const LineTarget& target, const LineWalk& walk, const Steps& steps) {
-    const Interval minor = target.Minor(walk);
-    const StepRange along = StepsAlong(walk, target.Major(walk));
+VisibleSteps VisibleStepsOf(const AALine& line, const Steps& steps) {
+    const LineWalk& walk = line.walk;
+    const Interval minor = line.target.Minor(walk);
+    const StepRange along = StepsAlong(walk, line.target.Major(walk));
     const StepRange touched = StepsInside(walk, steps, along, {minor.lo - 1, minor.hi});
     return {touched, StepsInside(walk, steps, touched, {minor.lo, minor.hi - 1})};
 }
@@ -64,9 +71,10 @@ bool AreApart(const std::uint8_t* a, const std::uint8_t* b) {
 /// Plots steps along x whose pixels are all visible, one pixel after the other. A derived surface
 /// may show one row twice, or rows that begin within a pixel: there one share follows the other.
 template <class Format, class Steps>
-[[gnu::noinline]] void PlotOneByOne(std::uint8_t* const* lines, const LineWalk& walk,
-                                    const Steps& steps, StepRange range, const LineColor& color) {
-    gfx::WalkSteps(walk, steps, range, [=](int x, int y, const Steps& at) {
+[[gnu::noinline]] void PlotOneByOne(const AALine& line, const Steps& steps, StepRange range) {
+    const LineColor color(line.color);
+    std::uint8_t* const* const lines = line.target.lines;
+    gfx::WalkSteps(line.walk, steps, range, [=](int x, int y, const Steps& at) {
         const auto column = static_cast<std::size_t>(x);
         gfx::BlendInto<Format>(lines[y], column, color.rgb, 255 - color.NearShare(at.Fraction()));
         gfx::BlendInto<Format>(lines[y + 1], column, color.rgb,
@@ -76,14 +84,14 @@ template <class Format, class Steps>
 
 /// Plots the steps of a range whose pixels are all visible.
 template <class Format, class Steps>
-void PlotInner(const LineTarget& target, const LineWalk& walk, const Steps& steps, StepRange range,
-               const LineColor& color) {
+void PlotPairs(const AALine& line, const Steps& steps, StepRange range) {
     constexpr std::size_t kSize = sizeof(typename Format::Unit);
-    std::uint8_t* const* const lines = target.lines;
+    const LineColor color(line.color);
+    std::uint8_t* const* const lines = line.target.lines;
     const gfx::PairBlend<Format> blend(color.rgb);
-    if (walk.isAlongX) {
+    if (line.walk.isAlongX) {
         const StepRange rest =
-            gfx::WalkStepsWhile(walk, steps, range, [=](int x, int y, const Steps& at) {
+            gfx::WalkStepsWhile(line.walk, steps, range, [=](int x, int y, const Steps& at) {
                 const std::size_t offset = static_cast<std::size_t>(x) * kSize;
                 std::uint8_t* const near = lines[y] + offset;
                 std::uint8_t* const far = lines[y + 1] + offset;
@@ -91,10 +99,10 @@ void PlotInner(const LineTarget& target, const LineWalk& walk, const Steps& step
                 blend(near, color.NearShare(at.Fraction()), far, color.FarShare(at.Fraction()));
                 return true;
             });
-        if (!rest.IsEmpty()) PlotOneByOne<Format>(lines, walk, steps, rest, color);
+        if (!rest.IsEmpty()) PlotOneByOne<Format>(line, steps, rest);
         return;
     }
-    gfx::WalkSteps(walk, steps, range, [=](int y, int x, const Steps& at) {
+    gfx::WalkSteps(line.walk, steps, range, [=](int y, int x, const Steps& at) {
         std::uint8_t* const near = lines[y] + static_cast<std::size_t>(x) * kSize;
         blend.Neighbours(near, color.NearShare(at.Fraction()), color.FarShare(at.Fraction()));
     });
@@ -103,53 +111,55 @@ void PlotInner(const LineTarget& target, const LineWalk& walk, const Steps& step
 /// Plots the drawn ones of a range of steps whose pixels are all visible. @return whether there are
 /// any.
 template <class Steps>
-bool PlotInnerRuns(const LineTarget& target, const LineWalk& walk, const Steps& steps,
-                   StepRange range, const LineColor& color, const DashPattern& pattern) {
+bool PlotInside(const AALine& line, const Steps& steps, StepRange range) {
     bool isDrawn = false;
-    pattern.ForEachRun(range, [&](StepRange run) {
+    line.dashes.ForEachRun(range, [&](StepRange run) {
         isDrawn = true;
-        gfx::WithFormat(target.format, [&]<class Format>(Format) {
-            PlotInner<Format>(target, walk, steps, run, color);
-        });
+        gfx::WithFormat(line.target.format,
+                        [&]<class Format>(Format) { PlotPairs<Format>(line, steps, run); });
     });
     return isDrawn;
 }
 
-/// Plots a line; pixels of steps at the clip rectangle's edge go through plotOne(x, y, color).
-/// @return whether any step of the inner stretch is drawn.
-template <class Steps, class PlotOne>
-bool PlotLine(const LineTarget& target, const LineWalk& walk, const Steps& steps,
-              const VisibleSteps& visible, const LineColor& color, const DashPattern& pattern,
-              PlotOne plotOne) {
+/// Plots what is visible of a line; of steps at the clip rectangle's edge each pixel by itself.
+template <class Steps>
+void PlotClipped(GfxSurface& surface, const AALine& line, const Steps& steps,
+                 const VisibleSteps& visible) {
+    const LineColor color(line.color);
+    const bool isAlongX = line.walk.isAlongX;
+    const auto plotOne = [&](int major, int minor, std::uint32_t share) {
+        surface.SetPixelRGBBlend(isAlongX ? major : minor, isAlongX ? minor : major,
+                                 color.WithShare(share));
+    };
     const auto plotEdge = [&](StepRange range) {
-        gfx::WalkSteps(walk, steps, range, [&](int major, int near, const Steps& at) {
-            const auto far = static_cast<int>(static_cast<unsigned>(near) + 1);
-            const std::uint32_t nearColor = color.WithShare(color.NearShare(at.Fraction()));
-            const std::uint32_t farColor = color.WithShare(color.FarShare(at.Fraction()));
-            walk.isAlongX ? plotOne(major, near, nearColor) : plotOne(near, major, nearColor);
-            walk.isAlongX ? plotOne(major, far, farColor) : plotOne(far, major, farColor);
+        gfx::WalkSteps(line.walk, steps, range, [&](int major, int near, const Steps& at) {
+            plotOne(major, near, color.NearShare(at.Fraction()));
+            plotOne(major, gfx::NextTo(near), color.FarShare(at.Fraction()));
         });
     };
-    pattern.ForEachRun({visible.touched.first, visible.inner.first}, plotEdge);
-    const bool isInnerDrawn = PlotInnerRuns(target, walk, steps, visible.inner, color, pattern);
-    pattern.ForEachRun({visible.inner.last, visible.touched.last}, plotEdge);
-    return isInnerDrawn;
+    line.dashes.ForEachRun({visible.touched.first, visible.inner.first}, plotEdge);
+    if (PlotInside(line, steps, visible.inner)) surface.SetEmpty(false);
+    line.dashes.ForEachRun({visible.inner.last, visible.touched.last}, plotEdge);
 }
 
 /// Where a falling line meets whole pixels the closed form may name another dot that draws the same
 /// (see line_steps.h). That dot's second, unchanged pixel is another one, and whether it lies
 /// inside the clip rectangle decides the surface's `empty` flag, unless some other dot is inside
 /// for sure.
-bool IsTouchCertain(const LineWalk& walk, const VisibleSteps& visible, bool isSolid) {
-    return walk.isRising || (!visible.inner.IsEmpty() && isSolid);
+bool IsTouchCertain(const AALine& line, const VisibleSteps& visible) {
+    return line.walk.isRising || (!visible.inner.IsEmpty() && line.dashes.IsSolid());
 }
 
 }  // namespace
 
 void GfxSurface::DrawAALine(int x0, int y0, int x1, int y1, unsigned int color) {
-    const gfx::RowSpan row = gfx::LevelRow(x0, y0, x1, y1, MAX_LINE_LENGTH);
-    if (row.length != 0 && dots != nullptr && !empty) {
-        return RectFillBlend(row.x, y0, row.length, 1, LineColor(color).WholeNear());
+    // A line along an axis gives all of its colour to the near pixels. The far ones stay as they
+    // are but count as drawn on, which is to be seen while the surface is empty.
+    if (!empty && dots != nullptr) {
+        const std::uint32_t near = LineColor(color).WholeNear();
+        const gfx::RowSpan row = gfx::LevelRow(x0, y0, x1, y1, MAX_LINE_LENGTH);
+        if (row.length != 0) return RectFillBlend(row.x, y0, row.length, 1, near);
+        if (x0 == x1 && y0 != y1) return DrawLine(x0, y0, x1, y1, near);
     }
     DrawAALine(x0, y0, x1, y1, color, nullptr, 0);
 }
@@ -161,48 +171,23 @@ void GfxSurface::DrawAALine(int x0, int y0, int x1, int y1, unsigned int color,
     CheckLength(walk, MAX_LINE_LENGTH);
     // For every line: whether one can be drawn must not depend on its slope.
     if (dots == nullptr) AllocDotsBuffer();
-    const DashPattern dashes{pattern, count};
-    const LineColor lineColor(color);
-    if (walk.IsStraight() && dashes.IsSolid()) {
-        // All of the share is the near pixel's. The far ones stay as they are but count as drawn
-        // on, which matters only where no near one was visible.
-        const std::uint32_t near = lineColor.WholeNear();
-        constexpr std::uint32_t kInvisible = 0xFF000000;
-        const unsigned length = walk.steps + 1;
-        if (walk.isAlongX) {
-            RectFillBlend(walk.majorStart, walk.minorStart, length, 1, near);
-            if (empty) RectFillBlend(walk.majorStart, walk.minorStart + 1, length, 1, kInvisible);
-        } else {
-            DrawLine(x0, y0, x1, y1, near);
-            if (empty) RectFillBlend(walk.minorStart + 1, walk.majorStart, 1, length, kInvisible);
+    const gfx::SurfaceView view{*this};
+    const LineTarget target(view);
+    const AALine line{target, walk, color, {pattern, count}};
+    if (FixedSteps::ServesAntiAliased(walk)) {
+        const FixedSteps steps = FixedSteps::AntiAliased(walk);
+        const int toFarX = walk.isAlongX ? 0 : 1;
+        const int toFarY = 1 - toFarX;
+        // Near and far pixel of both ends, and so all between.
+        if (view.Holds(x0, y0) && view.Holds(x1, y1) && view.Holds(x0 + toFarX, y0 + toFarY) &&
+            view.Holds(x1 + toFarX, y1 + toFarY)) {
+            if (PlotInside(line, steps, gfx::WholeLine(walk))) empty = false;
+            return;
         }
-        return;
+        const VisibleSteps visible = VisibleStepsOf(line, steps);
+        if (IsTouchCertain(line, visible)) return PlotClipped(*this, line, steps, visible);
     }
-    const LineTarget target{
-        lines, pitch, gfx::FormatOf(depth, pixelShift, lines), {clipX0, clipX1}, {clipY0, clipY1}};
-    const bool hasClosedForm = FixedSteps::ServesSmooth(walk);
-    const int farX = walk.isAlongX ? 0 : 1;
-    const int farY = 1 - farX;
-    if (hasClosedForm && IsInsideClip(x0, y0) && IsInsideClip(x1, y1) &&
-        IsInsideClip(x0 + farX, y0 + farY) && IsInsideClip(x1 + farX, y1 + farY)) {
-        const auto steps = FixedSteps::Smooth(walk);
-        if (PlotInnerRuns(target, walk, steps, gfx::WholeLine(walk), lineColor, dashes)) {
-            empty = false;
-        }
-        return;
-    }
-    const auto plotOne = [this](int x, int y, std::uint32_t pixelColor) {
-        SetPixelRGBBlend(x, y, pixelColor);
-    };
-    const auto plot = [&](const auto& steps, const VisibleSteps& visible) {
-        if (PlotLine(target, walk, steps, visible, lineColor, dashes, plotOne)) empty = false;
-    };
-    if (hasClosedForm) {
-        const FixedSteps steps = FixedSteps::Smooth(walk);
-        const VisibleSteps visible = VisibleStepsOf(target, walk, steps);
-        if (IsTouchCertain(walk, visible, dashes.IsSolid())) return plot(steps, visible);
-    }
-    ComputeLineDots(static_cast<std::uint32_t>(walk.minorStart), walk.steps, walk.Rise(), 0.0);
+    ComputeLineDotsDX(0, static_cast<std::uint32_t>(walk.minorStart), walk.steps, walk.Rise(), 0.0);
     const gfx::BufferedSteps steps(dots);
-    plot(steps, VisibleStepsOf(target, walk, steps));
+    PlotClipped(*this, line, steps, VisibleStepsOf(line, steps));
 }

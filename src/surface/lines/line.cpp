@@ -1,9 +1,7 @@
 // Plain lines, solid and dashed: one pixel a step. Only the visible stretch is walked.
-#include <gfx/surface.h>
-
-#include "surface/lines/line_blend.h"
 #include "surface/lines/line_recurrence.h"
 #include "surface/lines/line_target.h"
+#include "surface/rows/pixel_pair.h"
 
 using gfx::DashPattern;
 using gfx::FixedSteps;
@@ -37,17 +35,15 @@ void PlotVisible(const LineTarget& target, const LineWalk& walk, const Steps& st
         };
         return walk.isAlongX ? alongX(store) : alongY(store);
     }
-    constexpr unsigned kFewRows = 32;
-    if (!walk.isAlongX && range.last - range.first > kFewRows && target.HasCrowdedRows()) {
-        return alongY([=, weight = gfx::OldWeight(alpha)](std::uint8_t* row, std::size_t x) {
-            const std::uint32_t old = gfx::LoadPixel<Format>(row, x);
-            gfx::StorePixel<Format>(row, x, Format::Mix(old, rgb, weight));
-        });
-    }
-    const gfx::PixelBlend<Format> mix(rgb, alpha);
-    const auto blend = [=](std::uint8_t* row, std::size_t x) {
-        mix(row + x * sizeof(typename Format::Unit));
+    const auto blendBy = [](const auto& mix) {
+        return
+            [=](std::uint8_t* row, std::size_t x) { mix(row + x * sizeof(typename Format::Unit)); };
     };
+    constexpr unsigned kFewRows = 32;
+    if (!walk.isAlongX && range.last - range.first > kFewRows && target.hasCrowdedRows) {
+        return alongY(blendBy(gfx::PlainBlend<Format>(rgb, alpha)));
+    }
+    const auto blend = blendBy(gfx::PixelBlend<Format>(rgb, alpha));
     walk.isAlongX ? alongX(blend) : alongY(blend);
 }
 
@@ -76,18 +72,16 @@ void GfxSurface::DrawLine(int x0, int y0, int x1, int y1, unsigned int color) {
 
 void GfxSurface::DrawLine(int x0, int y0, int x1, int y1, unsigned int color,
                           const unsigned short* pattern, int count) {
+    const DashPattern dashes{pattern, count};
     const LineWalk walk = gfx::WalkOf(x0, y0, x1, y1);
     if (walk.steps == 0) return SetPixelRGBBlend(x0, y0, color);
     CheckLength(walk, MAX_LINE_LENGTH);
     // For every line: whether one can be drawn must not depend on its slope.
     if (dots == nullptr) AllocDotsBuffer();
-    const DashPattern dashes{pattern, count};
-    if (walk.isAlongX && walk.IsStraight() && dashes.IsSolid()) {
-        return RectFillBlend(walk.majorStart, walk.minorStart, walk.steps + 1, 1, color);
-    }
-    const LineTarget target{
-        lines, pitch, gfx::FormatOf(depth, pixelShift, lines), {clipX0, clipX1}, {clipY0, clipY1}};
-    const bool isInside = IsInsideClip(x0, y0) && IsInsideClip(x1, y1);  // and so all between
+    const gfx::SurfaceView view{*this};
+    const LineTarget target(view);
+    // And so all between.
+    const bool isInside = view.Holds(x0, y0) && view.Holds(x1, y1);
     const auto plot = [&](const auto& steps, StepRange visible) {
         if (PlotLine(target, walk, steps, visible, color, dashes)) empty = false;
     };
@@ -103,7 +97,7 @@ void GfxSurface::DrawLine(int x0, int y0, int x1, int y1, unsigned int color,
         const gfx::RecurringSteps steps(minorStart, 0.5, walk.Rise(), walk.steps);
         return plot(steps, gfx::WholeLine(walk));
     }
-    ComputeLineDots(minorStart, walk.steps, walk.Rise(), 0.5);
+    ComputeLineDotsDX(0, minorStart, walk.steps, walk.Rise(), 0.5);
     const gfx::BufferedSteps steps(dots);
     plot(steps, visibleOf(steps));
 }

@@ -1,6 +1,7 @@
 // Fills the dots buffer: where a line is at each step along its longer axis.
 #include <gfx/surface.h>
 
+#include <algorithm>
 #include <climits>
 
 #include "surface/lines/line_recurrence.h"
@@ -11,29 +12,20 @@ namespace {
 
 /// Brings an offset into what an int can hold; NaN counts as 0.
 double LimitedOffset(double offset) {
-    if (offset != offset) return 0.0;
-    if (offset < -INT_MAX) return -INT_MAX;
-    return offset > INT_MAX ? INT_MAX : offset;
+    return offset != offset ? 0.0 : std::clamp<double>(offset, -INT_MAX, INT_MAX);
 }
 
 /// A line's steps from `offset` pixels behind `start` on; that may be less than 0, or 1 and more.
 RecurringSteps StepsFrom(std::uint32_t start, double offset, int rise, unsigned steps) {
-    if (offset < 0.0) {
-        const auto whole = static_cast<std::uint32_t>(-offset) + 1;
-        return {start - whole, offset + whole, rise, steps};
-    }
-    if (offset >= 1.0) {
-        const auto whole = static_cast<std::uint32_t>(offset);
-        return {start + whole, offset - whole, rise, steps};
-    }
-    return {start, offset, rise, steps};
+    const int whole = offset < 0.0 ? -static_cast<int>(-offset) - 1 : static_cast<int>(offset);
+    return {start + static_cast<std::uint32_t>(whole), offset - whole, rise, steps};
 }
 
 }  // namespace
 
-void GfxSurface::ComputeLineDots(std::uint32_t minorStart, unsigned int stepCount, int rise,
-                                 double offset) {
-    RecurringSteps steps = StepsFrom(minorStart, LimitedOffset(offset), rise, stepCount);
+void GfxSurface::ComputeLineDotsDX(unsigned int, unsigned int y0, unsigned int stepCount, int rise,
+                                   double offset) {
+    RecurringSteps steps = StepsFrom(y0, LimitedOffset(offset), rise, stepCount);
     if (dots == nullptr) AllocDotsBuffer();
     LineDot* dot = dots;
     for (unsigned i = 0; i < stepCount; ++i, ++dot) {
@@ -43,12 +35,7 @@ void GfxSurface::ComputeLineDots(std::uint32_t minorStart, unsigned int stepCoun
     *dot = {steps.Minor(), steps.Fraction()};
 }
 
-void GfxSurface::ComputeLineDotsDX(unsigned int, unsigned int y0, unsigned int stepCount, int rise,
-                                   double offset) {
-    ComputeLineDots(y0, stepCount, rise, offset);
-}
-
-void GfxSurface::ComputeLineDotsDY(unsigned int x0, unsigned int, int rise, unsigned int stepCount,
-                                   double offset) {
-    ComputeLineDots(x0, stepCount, rise, offset);
+void GfxSurface::ComputeLineDotsDY(unsigned int x0, unsigned int y0, int rise,
+                                   unsigned int stepCount, double offset) {
+    ComputeLineDotsDX(y0, x0, stepCount, rise, offset);
 }

@@ -21,7 +21,7 @@ public:
     RecurringSteps(std::uint32_t pixel, double fraction, int rise, unsigned steps)
         : pixel_(pixel),
           fraction_(fraction),
-          slope_(static_cast<double>(rise) / static_cast<double>(steps)) {}
+          slope_(steps == 0 ? 0.0 : static_cast<double>(rise) / static_cast<double>(steps)) {}
 
     /// From the first step, where these steps begin, to step i: they only go forwards.
     void MoveTo(unsigned i) {

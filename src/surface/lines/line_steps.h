@@ -26,9 +26,6 @@
 //   m divides 25599 = 3 * 7 * 23 * 53 and 100 divides j < m: m is one of 159, 161, 371, 483, 1113,
 //   1219, 3657, 8533. All are multiples of 159, 161, 371 or 1219: lines whose n is such a multiple
 //   are left to the recurrence. Other distances are at least 1 / (25599 n) > 3.9e-9.
-//
-// Measured: 1.1 us for an opaque line of 500 steps in 32 bits, clipped once, against 2.3 us with
-// the dots buffer and a clip test a pixel.
 #ifndef GFX_SURFACE_LINES_LINE_STEPS_H
 #define GFX_SURFACE_LINES_LINE_STEPS_H
 
@@ -55,7 +52,7 @@ public:
     }
 
     /// Whether it gives an anti-aliased line's dots, or on falling lines such that draw the same.
-    static bool ServesSmooth(const LineWalk& walk) {
+    static bool ServesAntiAliased(const LineWalk& walk) {
         const unsigned n = walk.steps;
         return n % 159 != 0 && n % 161 != 0 && n % 371 != 0 && n % 1219 != 0;
     }
@@ -64,7 +61,7 @@ public:
         constexpr std::int64_t kHalf = std::int64_t{1} << (kStepBits - 1);
         return {walk, kHalf + (walk.isRising ? kRisingAdvance : 0)};
     }
-    static FixedSteps Smooth(const LineWalk& walk) { return {walk, 0}; }
+    static FixedSteps AntiAliased(const LineWalk& walk) { return {walk, 0}; }
 
     void MoveTo(unsigned i) { position_ = start_ + std::int64_t{i} * slope_; }
     void Advance() { position_ += slope_; }
@@ -75,7 +72,7 @@ public:
     }
 
     /// trunc(f * 255.99) of the 32 highest bits of f: 4294799524 is 255.99 * 2^24, rounded up. Of
-    /// smooth lines alone.
+    /// anti-aliased lines alone.
     std::uint32_t Fraction() const {
         const auto f = static_cast<std::uint32_t>(position_ >> (kStepBits - 32));
         return static_cast<std::uint32_t>(std::uint64_t{f} * 4294799524U >> 56);

@@ -3,45 +3,63 @@
 #ifndef GFX_SURFACE_LINES_LINE_TARGET_H
 #define GFX_SURFACE_LINES_LINE_TARGET_H
 
+#include <algorithm>
 #include <cstdint>
 
 #include "surface/lines/line_steps.h"
 #include "surface/lines/line_walk.h"
-#include "surface/pixel_format.h"
+#include "surface/surface_view.h"
 
 namespace gfx {
 
 struct LineTarget {
     std::uint8_t* const* lines;
-    std::uint32_t pitch;
     PixelFormat format;
-    Interval columns, rows;  // the clip rectangle
+    ClipBounds clip;
 
-    const Interval& Major(const LineWalk& walk) const { return walk.isAlongX ? columns : rows; }
-    const Interval& Minor(const LineWalk& walk) const { return walk.isAlongX ? rows : columns; }
+    /// Rows 4 KiB apart lie in one set of a cache of 64 sets, which keeps few of them. Going down
+    /// such rows, a processor that reads many of them ahead throws lines out before they are
+    /// written to and fetches them twice; the longer chain of instructions of the plain rule holds
+    /// it back.
+    bool hasCrowdedRows;
 
-    /// Rows 4 KiB apart lie in one set of a cache of 64 sets, which keeps some 8 of them. Going
-    /// down such rows, a processor that reads many of them ahead throws lines out before they are
-    /// written to and fetches them twice: 4.5 us for a vertical blended line of 500 in 32 bits,
-    /// where the longer chain of instructions of the plain rule, which holds it back, takes 1.9.
-    bool HasCrowdedRows() const { return pitch % 4096 == 0; }
+    explicit LineTarget(const SurfaceView& view)
+        : lines(view.Rows(0, 0).lines),
+          format(view.Format()),
+          clip(view.Clip()),
+          hasCrowdedRows(view.surface.Pitch() % 4096 == 0) {}
+
+    Interval Major(const LineWalk& walk) const { return walk.isAlongX ? Columns() : Rows(); }
+    Interval Minor(const LineWalk& walk) const { return walk.isAlongX ? Rows() : Columns(); }
+
+private:
+    Interval Columns() const { return {clip.x0, clip.x1}; }
+    Interval Rows() const { return {clip.y0, clip.y1}; }
 };
 
-/// A dash pattern, or a solid line.
+/// A dash pattern along a line's steps, or a solid line: null, no entries, or a first run of 0. An
+/// entry of 0 is a run of no steps, but turns the phase all the same; after the last entry the
+/// pattern goes on at entry 0 without a restart of the phase.
 struct DashPattern {
     const unsigned short* runs;
     int count;
 
-    bool IsSolid() const { return DashRuns::IsSolid(runs, count); }
+    bool IsSolid() const { return runs == nullptr || count == 0 || runs[0] == 0; }
 
     /// Calls draw(range) for each drawn stretch of a range.
     template <class Draw>
     void ForEachRun(StepRange range, Draw draw) const {
         if (range.IsEmpty()) return;
         if (IsSolid()) return draw(range);
-        DashRuns(runs, count).ForEach(range.first, range.last, [&](unsigned first, unsigned last) {
-            draw(StepRange{first, last});
-        });
+        unsigned begin = 0;
+        bool isDrawn = true;
+        for (int entry = 0; begin < range.last; isDrawn = !isDrawn) {
+            const unsigned end = begin + runs[entry];
+            const StepRange run{std::max(begin, range.first), std::min(end, range.last)};
+            if (isDrawn && !run.IsEmpty()) draw(run);
+            begin = end;
+            entry = entry + 1 < count ? entry + 1 : 0;
+        }
     }
 };
 

@@ -1,5 +1,4 @@
-// What both line drawers share: the axis, the order of the endpoints, the length limit and the
-// phase of a dash pattern.
+// What both line drawers share: the axis, the order of the endpoints and the length limit.
 #ifndef GFX_SURFACE_LINES_LINE_WALK_H
 #define GFX_SURFACE_LINES_LINE_WALK_H
 
@@ -20,13 +19,6 @@ struct LineWalk {
     unsigned extent;  // how far the minor coordinate moves over all steps, at most `steps`
     bool isRising;
 
-    /// Parallel to an axis, and far enough from the end of the coordinates for a rectangle around
-    /// it and its neighbour.
-    bool IsStraight() const {
-        return extent == 0 && minorStart < INT_MAX - 1 &&
-               steps < static_cast<unsigned>(INT_MAX) - static_cast<unsigned>(majorStart);
-    }
-
     /// The signed way along the minor axis. Only for lines within the limit: others may not fit.
     int Rise() const { return isRising ? static_cast<int>(extent) : -static_cast<int>(extent); }
 };
@@ -44,10 +36,9 @@ struct RowSpan {
     unsigned length;
 };
 
-/// A level line as the row of pixels that it is. Most lines that a host draws are level or upright,
-/// and to see it before anything else saves a sixth of 500 pixels in 32 bits. Length 0: the line is
-/// not level, or it is one of the seldom ones, a single pixel, a line too long or at the end of the
-/// coordinates, that are left to those who draw any line.
+/// A level line as the row of pixels that it is. Most lines that a host draws are level or upright:
+/// it is looked for before anything else. Length 0: the line is not level, or one of the rare ones,
+/// a single pixel, a line too long or at the end of the coordinates, that the general way serves.
 inline RowSpan LevelRow(int x0, int y0, int x1, int y1, unsigned limit) {
     const unsigned steps = Extent(x0, x1);
     const int left = x0 < x1 ? x0 : x1;
@@ -81,38 +72,6 @@ inline LineWalk WalkOf(int x0, int y0, int x1, int y1) {
 inline void CheckLength(const LineWalk& walk, unsigned limit) {
     if (walk.steps >= limit) throw walk.isAlongX ? kLineLimitX : kLineLimitY;
 }
-
-/// The runs of a dash pattern along a line's steps. An entry of 0 is a run of no steps, but turns
-/// the phase all the same; after the last entry the pattern goes on at entry 0 without a restart of
-/// the phase.
-class DashRuns {
-public:
-    /// A pattern that draws every step: null, no entries, or a first run of 0.
-    static bool IsSolid(const unsigned short* pattern, int count) {
-        return pattern == nullptr || count == 0 || pattern[0] == 0;
-    }
-
-    DashRuns(const unsigned short* pattern, int count) : pattern_(pattern), count_(count) {}
-
-    /// Calls draw(first, last) for each stretch of drawn steps inside [first, last).
-    template <class Draw>
-    void ForEach(unsigned first, unsigned last, Draw draw) {
-        unsigned begin = 0;
-        bool isDrawn = true;
-        for (int entry = 0; begin < last; isDrawn = !isDrawn) {
-            const unsigned end = begin + pattern_[entry];
-            const unsigned from = begin > first ? begin : first;
-            const unsigned to = end < last ? end : last;
-            if (isDrawn && from < to) draw(from, to);
-            begin = end;
-            entry = entry + 1 < count_ ? entry + 1 : 0;
-        }
-    }
-
-private:
-    const unsigned short* pattern_;
-    int count_;
-};
 
 }  // namespace gfx
 

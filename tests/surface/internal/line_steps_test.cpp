@@ -44,9 +44,9 @@ void ComparePlain(const LineWalk& walk) {
     }
 }
 
-void CompareSmooth(const LineWalk& walk) {
-    if (!FixedSteps::ServesSmooth(walk)) return;
-    FixedSteps steps = FixedSteps::Smooth(walk);
+void CompareAntiAliased(const LineWalk& walk) {
+    if (!FixedSteps::ServesAntiAliased(walk)) return;
+    FixedSteps steps = FixedSteps::AntiAliased(walk);
     LineRecurrence dots(walk.minorStart, 0.0, walk.steps, walk.Rise());
     steps.MoveTo(0);
     for (unsigned i = 0; i <= walk.steps; ++i, steps.Advance()) {
@@ -74,10 +74,10 @@ TEST(LineSteps, Give_the_plain_dots_of_every_slope_up_to_700_steps) {
     }
 }
 
-TEST(LineSteps, Draw_the_smooth_dots_of_every_slope_up_to_700_steps) {
+TEST(LineSteps, Draw_the_anti_aliased_dots_of_every_slope_up_to_700_steps) {
     for (unsigned n = 1; n <= kExhaustive; ++n) {
         for (int d = -static_cast<int>(n); d <= static_cast<int>(n); ++d) {
-            CompareSmooth(Walk(n, d));
+            CompareAntiAliased(Walk(n, d));
             if (HasFatalFailure()) return;
         }
     }
@@ -91,7 +91,7 @@ TEST(LineSteps, Hold_for_random_slopes_up_to_the_longest_line) {
             round % 8 < 5 ? longest[round % 8] : 700 + static_cast<unsigned>(random() % 9300);
         const int d = static_cast<int>(random() % (2 * n + 1)) - static_cast<int>(n);
         ComparePlain(Walk(n, d));
-        CompareSmooth(Walk(n, d));
+        CompareAntiAliased(Walk(n, d));
         if (HasFatalFailure()) return;
     }
 }
@@ -106,7 +106,7 @@ TEST(LineSteps, Leave_to_the_recurrence_only_lines_with_inexact_ties) {
     EXPECT_TRUE(FixedSteps::ServesPlain(Walk(7, -3)));
     unsigned left = 0;
     for (unsigned n = 1; n < 10000; ++n)
-        left += FixedSteps::ServesSmooth(Walk(n, 1)) ? 0 : 1;
+        left += FixedSteps::ServesAntiAliased(Walk(n, 1)) ? 0 : 1;
     EXPECT_LT(left, 170U);
 }
 

@@ -1,9 +1,8 @@
-// A line's pixels blended with its colour: one a step, or two at once with a share each. A vector
-// of eight 16-bit lanes holds both pixels' channels: half the time of two blends one after the
-// other, and no branch for shares of none and all. Formats without a vector form take the plain
-// rule.
-#ifndef GFX_SURFACE_LINES_LINE_BLEND_H
-#define GFX_SURFACE_LINES_LINE_BLEND_H
+// One colour blended into single pixels, and into pairs of them with a share each, as lines do. A
+// vector of eight 16-bit lanes holds both pixels' channels, and no share needs a branch. Formats
+// without a vector form take the plain rule. Unnamed namespace: see pixel_format.h.
+#ifndef GFX_SURFACE_ROWS_PIXEL_PAIR_H
+#define GFX_SURFACE_ROWS_PIXEL_PAIR_H
 
 #include <array>
 #include <cstddef>
@@ -11,19 +10,18 @@
 
 #include "surface/pixel_format.h"
 #include "surface/rows/lanes_baseline.h"
-#include "surface/rows/mix_lanes.h"
 
 namespace gfx {
 namespace {
 
-using LineLanes = BaselineLanes::U16;  // blue, green, red, alpha of one pixel, then of another
+using PairLanes = BaselineLanes::U16;  // blue, green, red, alpha of one pixel, then of another
 
 /// The weights of an old pixel under a colour's share of 0..255, 255 less its alpha. The old alpha
 /// byte stays, but under the whole colour, where the write of a single pixel stores its word.
 inline constexpr std::array<std::uint64_t, 256> kLaneWeights = [] {
     std::array<std::uint64_t, 256> weights{};
-    for (std::uint64_t share = 0; share < 256; ++share) {
-        const std::uint64_t channel = OldWeight(static_cast<std::uint32_t>(255 - share));
+    for (std::uint32_t share = 0; share < 256; ++share) {
+        const std::uint64_t channel = OldWeight(255 - share);
         const std::uint64_t alpha = share == 255 ? 0 : 256;
         weights[static_cast<std::size_t>(share)] =
             channel | channel << 16 | channel << 32 | alpha << 48;
@@ -32,21 +30,21 @@ inline constexpr std::array<std::uint64_t, 256> kLaneWeights = [] {
 }();
 
 /// Two 64-bit halves as lanes.
-inline LineLanes LanesOf(std::uint64_t first, std::uint64_t second) {
+inline PairLanes LanesOf(std::uint64_t first, std::uint64_t second) {
     return BaselineLanes::AsHalves(BaselineLanes::U64{first, second});
 }
 
-inline LineLanes WeightsOf(std::uint32_t firstShare, std::uint32_t secondShare) {
+inline PairLanes WeightsOf(std::uint32_t firstShare, std::uint32_t secondShare) {
     return LanesOf(kLaneWeights[firstShare], kLaneWeights[secondShare]);
 }
 
 /// The same three values for both pixels.
-inline LineLanes ChannelLanes(std::uint64_t blue, std::uint64_t green, std::uint64_t red) {
+inline PairLanes ChannelLanes(std::uint64_t blue, std::uint64_t green, std::uint64_t red) {
     const std::uint64_t lanes = blue | green << 16 | red << 32;
     return LanesOf(lanes, lanes);
 }
 
-inline LineLanes ColorLanes(std::uint32_t rgb) {
+inline PairLanes ColorLanes(std::uint32_t rgb) {
     return ChannelLanes(rgb & 0xFF, rgb >> 8 & 0xFF, rgb >> 16 & 0xFF);
 }
 
@@ -59,14 +57,14 @@ template <>
 struct PixelLanes<Color32> {
     using L = BaselineLanes;
 
-    static LineLanes Of(std::uint32_t first, std::uint32_t second) {
+    static PairLanes Of(std::uint32_t first, std::uint32_t second) {
         return L::WidenLowBytes(L::AsBytes(L::U32{first, second, 0, 0}));
     }
-    static LineLanes OfNeighbours(const std::uint8_t* p) {
+    static PairLanes OfNeighbours(const std::uint8_t* p) {
         return L::WidenLowBytes(L::AsBytes(LanesOf(LoadAs<std::uint64_t>(p), 0)));
     }
 
-    explicit PixelLanes(LineLanes sums) : pixels_(L::AsWords(L::NarrowHalves(sums >> 8))) {}
+    explicit PixelLanes(PairLanes sums) : pixels_(L::AsWords(L::NarrowHalves(sums >> 8))) {}
     std::uint32_t First() const { return pixels_[0]; }
     std::uint32_t Second() const { return pixels_[1]; }
     void StoreNeighbours(std::uint8_t* p) const {
@@ -84,30 +82,30 @@ template <>
 struct PixelLanes<Rgb565> {
     using L = BaselineLanes;
 
-    static LineLanes Of(std::uint32_t first, std::uint32_t second) {
+    static PairLanes Of(std::uint32_t first, std::uint32_t second) {
         return OfBoth(first | second << 16);
     }
-    static LineLanes OfNeighbours(const std::uint8_t* p) {
+    static PairLanes OfNeighbours(const std::uint8_t* p) {
         return OfBoth(LoadAs<std::uint32_t>(p));
     }
 
-    explicit PixelLanes(LineLanes sums) {
-        const LineLanes cut = L::MulHigh(sums, ChannelLanes(32, 64, 32));
+    explicit PixelLanes(PairLanes sums) {
+        const PairLanes cut = L::MulHigh(sums, ChannelLanes(32, 64, 32));
         const L::U32 parts = L::MulAddPairs(cut, ChannelLanes(1, 32, 2048));
         pixels_ = parts + __builtin_shufflevector(parts, parts, 1, 0, 3, 2);
     }
     std::uint32_t First() const { return pixels_[0]; }
     std::uint32_t Second() const { return pixels_[2]; }
-    /// Words, then halves are shuffled: g++ takes three times as many instructions for one shuffle.
+    /// Words, then halves are shuffled: g++ makes one shuffle of many instructions.
     void StoreNeighbours(std::uint8_t* p) const {
-        const LineLanes pixels = L::AsHalves(__builtin_shufflevector(pixels_, pixels_, 0, 2, 0, 2));
+        const PairLanes pixels = L::AsHalves(__builtin_shufflevector(pixels_, pixels_, 0, 2, 0, 2));
         StoreAs<std::uint32_t>(
             p, L::AsWords(__builtin_shufflevector(pixels, pixels, 0, 2, 0, 2, 4, 5, 6, 7))[0]);
     }
 
 private:
-    static LineLanes OfBoth(std::uint32_t both) {
-        const LineLanes aligned =
+    static PairLanes OfBoth(std::uint32_t both) {
+        const PairLanes aligned =
             L::RepeatTwoHalves(L::AsHalves(L::U32{both, 0, 0, 0})) * ChannelLanes(2048, 1, 1) &
             ChannelLanes(0xF800, 0x07E0, 0xF800);
         return L::MulHigh(aligned, ChannelLanes(264, 8320, 264));
@@ -116,7 +114,22 @@ private:
     L::U32 pixels_;  // each pixel twice, in neighbouring words
 };
 
-/// Blends one colour of one alpha, neither 0 nor 255, into single pixels.
+/// Blends one colour into single pixels by the plain rule.
+template <class Format>
+class PlainBlend {
+public:
+    PlainBlend(std::uint32_t rgb, std::uint32_t alpha) : rgb_(rgb), weight_(OldWeight(alpha)) {}
+
+    void operator()(std::uint8_t* p) const {
+        StorePixel<Format>(p, 0, Format::Mix(LoadPixel<Format>(p, 0), rgb_, weight_));
+    }
+
+private:
+    std::uint32_t rgb_;
+    std::uint32_t weight_;
+};
+
+/// The same for an alpha that is neither 0 nor 255, in a vector.
 template <class Format>
 class PixelBlend {
 public:
@@ -126,27 +139,18 @@ public:
 
     void operator()(std::uint8_t* p) const {
         using Lanes = PixelLanes<Format>;
-        const LineLanes old = Lanes::Of(LoadPixel<Format>(p, 0), 0);
+        const PairLanes old = Lanes::Of(LoadPixel<Format>(p, 0), 0);
         StorePixel<Format>(p, 0, Lanes(old * weights_ + sums_).First());
     }
 
 private:
-    LineLanes weights_;
-    LineLanes sums_;
+    PairLanes weights_;
+    PairLanes sums_;
 };
 
 template <>
-class PixelBlend<Grey8> {
-public:
-    PixelBlend(std::uint32_t rgb, std::uint32_t alpha) : rgb_(rgb), weight_(OldWeight(alpha)) {}
-
-    void operator()(std::uint8_t* p) const {
-        StorePixel<Grey8>(p, 0, Grey8::Mix(LoadPixel<Grey8>(p, 0), rgb_, weight_));
-    }
-
-private:
-    std::uint32_t rgb_;
-    std::uint32_t weight_;
+class PixelBlend<Grey8> : public PlainBlend<Grey8> {
+    using PlainBlend::PlainBlend;
 };
 
 /// Blends one colour into pairs of pixels, with a share for each.
@@ -157,7 +161,7 @@ public:
 
     void operator()(std::uint8_t* first, std::uint32_t firstShare, std::uint8_t* second,
                     std::uint32_t secondShare) const {
-        const LineLanes old = Lanes::Of(LoadPixel<Format>(first, 0), LoadPixel<Format>(second, 0));
+        const PairLanes old = Lanes::Of(LoadPixel<Format>(first, 0), LoadPixel<Format>(second, 0));
         const Lanes mixed = Mix(old, firstShare, secondShare);
         StorePixel<Format>(first, 0, mixed.First());
         StorePixel<Format>(second, 0, mixed.Second());
@@ -171,11 +175,11 @@ public:
 private:
     using Lanes = PixelLanes<Format>;
 
-    Lanes Mix(LineLanes old, std::uint32_t firstShare, std::uint32_t secondShare) const {
-        return Lanes(MixHalves(color_, old, WeightsOf(firstShare, secondShare)));
+    Lanes Mix(PairLanes old, std::uint32_t firstShare, std::uint32_t secondShare) const {
+        return Lanes((old - color_) * WeightsOf(firstShare, secondShare) + (color_ << 8));
     }
 
-    LineLanes color_;
+    PairLanes color_;
 };
 
 template <>
@@ -199,4 +203,4 @@ private:
 }  // namespace
 }  // namespace gfx
 
-#endif  // GFX_SURFACE_LINES_LINE_BLEND_H
+#endif  // GFX_SURFACE_ROWS_PIXEL_PAIR_H

@@ -288,7 +288,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
         Scene scene(input);
         RunOperations(scene, input);
     }
-    fuzz::Demand(test::HookLedger::LiveBlocks() == 0, "blocks were not returned");
-    fuzz::Demand(test::HookLedger::Faults() == 0, "a foreign or damaged block was returned");
+    fuzz::DemandAllReturned();
     return 0;
 }

@@ -1,5 +1,5 @@
-// The vector blends of line pixels against the plain rule of a single pixel.
-#include "surface/lines/line_blend.h"
+// The vector blends of one and two pixels against the plain rule of a single pixel.
+#include "surface/rows/pixel_pair.h"
 
 #include <gtest/gtest.h>
 
@@ -71,11 +71,11 @@ void CompareAllAlphas(const std::vector<Word>& pixels) {
     }
 }
 
-TEST(LineBlend, Every_565_pixel_takes_every_alpha) { CompareAllAlphas<Rgb565>(AllPixels(65536)); }
+TEST(PixelPair, Every_565_pixel_takes_every_alpha) { CompareAllAlphas<Rgb565>(AllPixels(65536)); }
 
-TEST(LineBlend, Every_grey_pixel_takes_every_alpha) { CompareAllAlphas<Grey8>(AllPixels(256)); }
+TEST(PixelPair, Every_grey_pixel_takes_every_alpha) { CompareAllAlphas<Grey8>(AllPixels(256)); }
 
-TEST(LineBlend, Random_colour_words_take_every_alpha) {
+TEST(PixelPair, Random_colour_words_take_every_alpha) {
     CompareAllAlphas<Color32>(RandomWords(4096));
 }
 
