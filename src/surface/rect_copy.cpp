@@ -45,8 +45,8 @@ StoredKey StoredKeyOf(PixelFormat format, std::uint32_t key, std::uint32_t surfa
     const gfx::FormatKernels& own = kernels[target];
     const std::uint32_t alpha = from.surface.Alpha();
     const StoredKey key = to.HasKey() ? StoredKeyOf(source, to.Key(), alpha) : StoredKey{};
-    const WriteStep step =
-        key.exists ? WriteStep{nullptr, own.fromWordsKeyed, to.Key()} : WriteStep{own.fromWords};
+    const WriteStep step = key.exists ? WriteStep{nullptr, own.fromWordsKeyed, to.Key(), true}
+                                      : WriteStep{own.fromWords};
     if (source == target && !key.exists) {
         if (!transfer.wraps) {
             return own.copy(transfer.Target(), transfer.Source(), rect.w, rect.h,
@@ -119,7 +119,7 @@ void GfxSurface::RectBlendAlpha(int x, int y, unsigned int w, unsigned int h, in
     const gfx::FormatKernels& kernels = gfx::Kernels()[transfer.to.Format()];
     const std::uint32_t scale = gfx::OpacityScale(transparency);
     if (scale <= gfx::kUnitOpacityScale) {
-        return transfer.WriteWords({nullptr, kernels.blendWordsScaled, scale});
+        return transfer.WriteWords({nullptr, kernels.blendWordsScaled, scale, true});
     }
     // More opaque than it is: rare, and its products leave the 16 bits of the direct way.
     transfer.ThroughScratchRow({kernels.blendWords}, 0, scale);

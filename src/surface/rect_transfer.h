@@ -16,9 +16,10 @@ struct WriteStep {
     unsigned (*withValue)(PixelRows to, PixelRows words, unsigned w, unsigned h,
                           std::uint32_t value) = nullptr;
     std::uint32_t value = 0;
+    bool hasValue = false;
 
     unsigned operator()(PixelRows to, PixelRows words, unsigned w, unsigned h) const {
-        return plain != nullptr ? plain(to, words, w, h) : withValue(to, words, w, h, value);
+        return hasValue ? withValue(to, words, w, h, value) : plain(to, words, w, h);
     }
 };
 

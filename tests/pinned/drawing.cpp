@@ -222,7 +222,7 @@ void Resize(Scene& s) {
     try {
         if (kind < 4) to.canvas->SetNewSize(w, h);
         if (kind == 4) to.canvas->OptimiseSize();
-        if (kind == 5) to.canvas->Clear();
+        if (kind == 5 && to.canvas->DY() == to.canvas->allocDY) to.canvas->Clear();
         if (kind == 6) to.canvas->SetNewSize(w + 0x80000000U, h);
         if (kind == 7) to.canvas->Initialise(w, h + 0x80000000U);
         if (kind == 8) s.TakeOwn(to);

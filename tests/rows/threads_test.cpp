@@ -12,7 +12,7 @@
 #include "support/hook_ledger.h"
 #include "support/probe_surface.h"
 
-#ifdef GFX_TEST_FACE
+#if defined(GFX_TEST_FACE) && !defined(GFX_NO_FONTS)
 #include <gfx/font_cache.h>
 #endif
 
@@ -103,7 +103,7 @@ TEST(Threads, Strips_of_one_buffer_read_one_source_and_one_mask) {
     }
 }
 
-#ifdef GFX_TEST_FACE
+#if defined(GFX_TEST_FACE) && !defined(GFX_NO_FONTS)
 TEST(Threads, Every_thread_may_have_a_font_cache_of_its_own) {
     ExpectSame([](bool atOnce) {
         std::vector<Picture> pictures(kThreads);

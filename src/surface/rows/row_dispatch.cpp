@@ -3,13 +3,13 @@
 // a compiler flag that would let this file use what it is asking about.
 #include "surface/rows/row_dispatch.h"
 
-#if defined(__x86_64__)
+#if defined(GFX_X86_KERNELS)
 #include <cpuid.h>
 #endif
 
 namespace gfx {
 
-#if defined(__x86_64__)
+#if defined(GFX_X86_KERNELS)
 namespace {
 
 constexpr unsigned kOsxsave = 1U << 27;                       // leaf 1, ecx
@@ -33,7 +33,7 @@ bool HasAll(unsigned value, unsigned bits) { return (value & bits) == bits; }
 unsigned RunnableTables(const RowKernels* (&tables)[kMaxTables]) {
     unsigned count = 0;
     tables[count++] = &kRowKernelsBaseline;
-#if defined(__x86_64__)
+#if defined(GFX_X86_KERNELS)
     unsigned eax = 0;
     unsigned ebx = 0;
     unsigned ecx = 0;
@@ -49,6 +49,7 @@ unsigned RunnableTables(const RowKernels* (&tables)[kMaxTables]) {
     return count;
 }
 
+#if defined(GFX_X86_KERNELS)
 namespace {
 
 const RowKernels& ChooseKernels() {
@@ -97,5 +98,9 @@ constinit const RowKernels kFirstUse = {
 }  // namespace
 
 constinit std::atomic<const RowKernels*> activeKernels{&kFirstUse};
+#else
+// Nothing to choose from.
+constinit std::atomic<const RowKernels*> activeKernels{&kRowKernelsBaseline};
+#endif
 
 }  // namespace gfx

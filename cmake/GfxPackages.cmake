@@ -1,0 +1,45 @@
+# What `cpack` makes: a Debian package of each component, or an archive of all. Packages for a
+# system of one's own want -DCMAKE_INSTALL_PREFIX=/usr, so that the library gets into its directory
+# for this processor.
+
+set(CPACK_PACKAGE_VENDOR "the gfx authors")
+set(CPACK_PACKAGE_CONTACT "the gfx authors")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${PROJECT_DESCRIPTION}")
+set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_GENERATOR DEB)
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_COMPONENTS_GROUPING IGNORE)
+set(CPACK_COMPONENTS_ALL development)
+
+# gfx_debian_package(COMPONENT NAME SECTION): every package has the licence where Debian wants it.
+function(gfx_debian_package component name section)
+  string(TOUPPER ${component} upper)
+  set(CPACK_DEBIAN_${upper}_PACKAGE_NAME ${name} PARENT_SCOPE)
+  set(CPACK_DEBIAN_${upper}_PACKAGE_SECTION ${section} PARENT_SCOPE)
+  install(
+    FILES ${PROJECT_SOURCE_DIR}/LICENSE
+    DESTINATION share/doc/${name}
+    RENAME copyright
+    COMPONENT ${component})
+endfunction()
+
+gfx_debian_package(development libgfx-dev libdevel)
+set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION "Headers and build files of the 2-D engine gfx")
+if(GFX_SHARED)
+  gfx_debian_package(runtime libgfx${PROJECT_VERSION_MAJOR} libs)
+  list(APPEND CPACK_COMPONENTS_ALL runtime)
+  set(CPACK_COMPONENT_RUNTIME_DESCRIPTION "Library of the 2-D engine gfx")
+  # What the library needs is read from it; who links it needs this version or a newer one.
+  set(CPACK_DEBIAN_RUNTIME_PACKAGE_SHLIBDEPS ON)
+  set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+  set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
+  # The headers belong to one library.
+  set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
+      "libgfx${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION})")
+elseif(GFX_FONTS)
+  set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS libfreetype-dev)
+endif()
+
+include(CPack)
