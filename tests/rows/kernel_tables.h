@@ -1,5 +1,6 @@
 // Every table of row kernels that this processor can run, and the portable one, which is built into
-// the tests where the library itself does not use it; and the plain rule of alpha scaling.
+// the tests where the library itself does not use it; choosing one of them for all drawing; and the
+// plain rule of alpha scaling. Tests reach the tables through this file alone.
 #pragma once
 
 #include <algorithm>
@@ -18,6 +19,12 @@ inline std::vector<const gfx::RowKernels*> AllTables() {
     }
     return all;
 }
+
+/// The table that the library starts with: it chooses another one when a kernel is called.
+inline const gfx::RowKernels* const kTableAtStart = gfx::activeKernels.load();
+
+/// Whatever is drawn from now on takes this table.
+inline void UseTable(const gfx::RowKernels* table) { gfx::activeKernels.store(table); }
 
 /// The rule of scaleAlpha, which pixel_format.h does not hold.
 inline std::uint32_t PlainScale(std::uint32_t word, std::uint32_t k) {

@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <map>
+#include <mutex>
 #include <utility>
 
 #include <gfx/memory.h>
@@ -18,6 +19,7 @@ constexpr unsigned char kFenceByte = 0xC7;
 constexpr unsigned char kGarbage = 0xA5;
 
 struct State {
+    std::mutex mutex;  // held by each hook: a host's threads share them
     std::map<void*, unsigned long> live;
     std::size_t calls = 0;
     std::size_t faults = 0;
@@ -41,6 +43,7 @@ bool CountDown(std::size_t& counter) { return counter != 0 && --counter == 0; }
 
 void* Alloc(void* context, unsigned long size) {
     State& state = Ledger();
+    const std::lock_guard lock(state.mutex);
     if (context != &state) ++state.faults;
     ++state.calls;
     const bool throwsAny = CountDown(state.throwAt);
@@ -70,6 +73,7 @@ bool IsFenceWhole(const unsigned char* fence) {
 
 void Free(void* context, void* block) {
     State& state = Ledger();
+    const std::lock_guard lock(state.mutex);
     if (context != &state) ++state.faults;
     ++state.calls;
     const auto entry = state.live.find(block);

@@ -5,6 +5,7 @@
 #define GFX_SURFACE_ROWS_PIXEL_PAIR_H
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 
 #include "surface/pixel_format.h"
@@ -22,7 +23,8 @@ inline constexpr std::array<std::uint64_t, 256> kLaneWeights = [] {
     for (std::uint32_t share = 0; share < 256; ++share) {
         const std::uint64_t channel = OldWeight(255 - share);
         const std::uint64_t alpha = share == 255 ? 0 : 256;
-        weights[share] = channel | channel << 16 | channel << 32 | alpha << 48;
+        weights[static_cast<std::size_t>(share)] =
+            channel | channel << 16 | channel << 32 | alpha << 48;
     }
     return weights;
 }();
