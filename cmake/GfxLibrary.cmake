@@ -12,6 +12,8 @@ check_cxx_source_compiles("#ifndef __i386__\n#error\n#endif\nint main() {}" GFX_
 
 set(
   GFX_SOURCES
+  font/composite_walk.cpp
+  font/face_file.cpp
   font/font_cache.cpp
   font/font_engine.cpp
   font/glyph_cache.cpp

@@ -18,12 +18,24 @@ namespace {
 constexpr FT_Int32 kLoadFlags = FT_LOAD_DEFAULT | FT_LOAD_NO_BITMAP;
 constexpr int kDotsPerInch = 72;  // a point is a pixel
 constexpr int kMaxEmSize = 0xFFFF;
+constexpr FT_ULong kOutlineTag = FT_MAKE_TAG('g', 'l', 'y', 'f');
+constexpr FT_ULong kPlacesTag = FT_MAKE_TAG('l', 'o', 'c', 'a');
 
 /// The nearest of the five steps 0x00, 0x40, 0x80, 0xC0 and 0xFF, of equal distances the upper one.
 /// Arithmetic within bytes and no table, so that whole images go through vectors of bytes.
 std::uint8_t NearestOfFive(std::uint8_t coverage) {
     const auto step = static_cast<std::uint8_t>(static_cast<std::uint8_t>(coverage + 32) & 0xC0);
     return coverage < 0xE0 ? step : 0xFF;
+}
+
+/// Asks for a table's first byte and sees where the file is read: of several tables of one name the
+/// engine knows best which one counts.
+bool FindTable(EngineFace face, const FaceFile& file, FT_ULong tag, std::uint64_t& offset) {
+    FT_Byte first = 0;
+    FT_ULong length = 1;
+    if (FT_Load_Sfnt_Table(face, tag, 0, &first, &length) != 0) return false;
+    offset = file.lastOffset;
+    return true;
 }
 
 }  // namespace
@@ -48,10 +60,18 @@ void EndEngine(EngineInstance engine) {
     if (engine != nullptr) FT_Done_FreeType(engine);
 }
 
-EngineFace OpenEngineFace(EngineInstance engine, const char* path) {
+EngineFace OpenEngineFace(EngineInstance engine, FaceFile& file) {
+    FT_Open_Args arguments = {};
+    arguments.flags = FT_OPEN_STREAM | FT_OPEN_DRIVER;
+    arguments.stream = &file.stream;
     FT_Face face = nullptr;
-    if (FT_New_Face(engine, path, 0, &face) != 0) return nullptr;
-    if (FT_IS_SCALABLE(face)) return face;
+    // By name: the engine's own search would end with formats that unpack what they find.
+    for (const char* driver : {"truetype", "cff"}) {
+        arguments.driver = FT_Get_Module(engine, driver);
+        if (FT_Open_Face(engine, &arguments, 0, &face) == 0) break;
+        face = nullptr;
+    }
+    if (face == nullptr || FT_IS_SCALABLE(face)) return face;
     FT_Done_Face(face);
     return nullptr;
 }
@@ -75,6 +95,15 @@ FaceProperties ReadFaceProperties(EngineFace face) {
         properties.typoLineGap = os2->sTypoLineGap;
     }
     return properties;
+}
+
+OutlineTables FindOutlineTables(EngineFace face, FaceFile& file) {
+    OutlineTables tables = {};
+    const auto* head = static_cast<const TT_Header*>(FT_Get_Sfnt_Table(face, FT_SFNT_HEAD));
+    if (head == nullptr || !FindTable(face, file, kOutlineTag, tables.outlines)) return {};
+    if (!FindTable(face, file, kPlacesTag, tables.places)) return {};
+    tables.arePlacesLong = head->Index_To_Loc_Format != 0;
+    return tables;
 }
 
 void SetCharacterSize(EngineFace face, int emSize) {

@@ -6,6 +6,9 @@
 
 #include <cstdint>
 
+#include "font/composite_walk.h"
+#include "font/face_file.h"
+
 struct FT_LibraryRec_;
 struct FT_FaceRec_;
 struct FT_SizeRec_;
@@ -58,8 +61,9 @@ EngineInstance StartEngine();
 /// Ends an instance; null is left alone.
 void EndEngine(EngineInstance engine);
 
-/// Opens the first face of a file. Null when there is none, or none with scalable outlines.
-EngineFace OpenEngineFace(EngineInstance engine, const char* path);
+/// Opens the first face of an open file, which must outlive it. Null when there is none, or none
+/// with scalable outlines.
+EngineFace OpenEngineFace(EngineInstance engine, FaceFile& file);
 
 /// Closes a face and what was made on it; null is left alone.
 void CloseEngineFace(EngineFace face);
@@ -69,6 +73,9 @@ EngineGlyph GlyphContainerOf(EngineFace face);
 EngineSize SizeInstanceOf(EngineFace face);
 
 FaceProperties ReadFaceProperties(EngineFace face);
+
+/// Finds the tables of a face of TrueType outlines; all 0 for other faces.
+OutlineTables FindOutlineTables(EngineFace face, FaceFile& file);
 
 /// Sets the em size in pixels, limited to 1 .. 65535, the range the engine can represent.
 void SetCharacterSize(EngineFace face, int emSize);

@@ -149,7 +149,10 @@ void GfxFontCache::NewGlyphInBand(unsigned short imageWidth, unsigned short& x,
 void GfxFontCache::FillGlyphInfo(GlyphInfo* info) {
     if (faceData == nullptr || info == nullptr || info->code >= gfx::kCodeCount) return;
     FaceData& open = *faceData;
-    open.glyphMetrics = gfx::LoadGlyph(open.face, open.glyph, open.glyphIndex[info->code]);
+    const std::uint32_t glyphIndex = open.glyphIndex[info->code];
+    open.glyphMetrics = {};
+    if (gfx::IsCompositionBounded(open.file, open.outlineTables, glyphIndex))
+        open.glyphMetrics = gfx::LoadGlyph(open.face, open.glyph, glyphIndex);
     const GlyphGeom geom = gfx::RoundToPixels(open.glyphMetrics);
     const auto width = static_cast<std::uint16_t>(geom.right - geom.left);
     const auto height = static_cast<std::uint16_t>(geom.top - geom.bottom);
