@@ -19,6 +19,7 @@ set(
   font/glyph_cache.cpp
   font/glyph_draw.cpp
   font/glyph_records.cpp
+  font/outline_budget.cpp
   memory/memory.cpp
   surface/lines/aa_line.cpp
   surface/display_blit.cpp

@@ -4,11 +4,14 @@
 #include <algorithm>
 
 #include <ft2build.h>
+#include FT_ADVANCES_H
 #include FT_DRIVER_H
 #include FT_FREETYPE_H
 #include FT_MODULE_H
 #include FT_OUTLINE_H
 #include FT_TRUETYPE_TABLES_H
+
+#include "font/outline_budget.h"
 
 namespace gfx {
 namespace {
@@ -36,6 +39,20 @@ bool FindTable(EngineFace face, const FaceFile& file, FT_ULong tag, std::uint64_
     if (FT_Load_Sfnt_Table(face, tag, 0, &first, &length) != 0) return false;
     offset = file.lastOffset;
     return true;
+}
+
+/// Whether the engine's scale, 1/64 pixels to a font unit with 16 bits of fraction, fits its 32
+/// bits.
+bool IsScaleBounded(EngineFace face) {
+    return std::int64_t{face->size->metrics.x_ppem} < std::int64_t{face->units_per_EM} * 512;
+}
+
+/// The advance in 1/64 pixel where the engine cannot scale it.
+std::int64_t WideAdvance(EngineFace face, std::uint32_t glyphIndex) {
+    FT_Fixed units = 0;
+    if (face->units_per_EM == 0) return 0;
+    if (FT_Get_Advance(face, glyphIndex, FT_LOAD_NO_SCALE, &units) != 0) return 0;
+    return std::int64_t{units} * face->size->metrics.x_ppem * 64 / face->units_per_EM;
 }
 
 }  // namespace
@@ -140,6 +157,10 @@ void ReadGlyphIndices(EngineFace face, std::uint32_t* indices, std::uint32_t cou
 
 GlyphMetrics LoadGlyph(EngineFace face, EngineGlyph container, std::uint32_t glyphIndex) {
     GlyphMetrics metrics = {};
+    if (!IsScaleBounded(face)) {
+        metrics.advance = WideAdvance(face, glyphIndex);
+        return metrics;
+    }
     if (FT_Load_Glyph(face, glyphIndex, kLoadFlags) != 0) return metrics;
     metrics.advance = container->metrics.horiAdvance;
     if (container->format != FT_GLYPH_FORMAT_OUTLINE) return metrics;
@@ -154,12 +175,20 @@ GlyphMetrics LoadGlyph(EngineFace face, EngineGlyph container, std::uint32_t gly
     return metrics;
 }
 
+bool IsOutlineBounded(EngineGlyph container, std::uint32_t rows) {
+    return rows == 0 || container->format != FT_GLYPH_FORMAT_OUTLINE ||
+           IsWithinOutlineBudget(container->outline, rows);
+}
+
 void RenderGlyph(EngineInstance engine, EngineGlyph container, int left, int bottom, bool smooth,
                  const RasterMap& map) {
     FT_Outline_Translate(&container->outline, FT_Pos{-left} * 64, FT_Pos{-bottom} * 64);
     FT_Bitmap bitmap = {};
     bitmap.rows = map.rows;
-    bitmap.width = map.pixelsPerRow;
+    // Only columns are cut, and only smooth ones. The engine leaves out curves above and below what
+    // it renders, and what follows such a curve then begins 1/256 pixel off; 1-bit glyphs differ in
+    // a few pixels when they are cut anywhere.
+    bitmap.width = smooth ? map.keptPixels : map.pixelsPerRow;
     bitmap.pitch = static_cast<int>(map.bytesPerRow);
     bitmap.buffer = map.buffer;
     bitmap.num_grays = smooth ? 256 : 2;

@@ -48,6 +48,7 @@ struct RasterMap {
     std::uint32_t pixelsPerRow;
     std::uint8_t* buffer;
     std::uint32_t byteSize;
+    std::uint32_t keptPixels;  // of each row, from the left
 };
 
 struct CharMapId {
@@ -98,10 +99,14 @@ void ReadGlyphIndices(EngineFace face, std::uint32_t* indices, std::uint32_t cou
 /// are 0; when nothing could be loaded the advance is 0 too.
 GlyphMetrics LoadGlyph(EngineFace face, EngineGlyph container, std::uint32_t glyphIndex);
 
+/// Whether rendering so many rows of the loaded outline stays within the outline budget.
+bool IsOutlineBounded(EngineGlyph container, std::uint32_t rows);
+
 /// Renders the loaded outline so that the point (left, bottom), in whole pixels, is the buffer's
 /// bottom left corner. The buffer must be clear. The outline is moved: one render for each load.
-/// `smooth`: one byte a pixel, 0x00, 0x40, 0x80, 0xC0 or 0xFF; otherwise one bit a pixel, the most
-/// significant first. A failing engine leaves the buffer with some or no ink.
+/// `smooth`: one byte a pixel, 0x00, 0x40, 0x80, 0xC0 or 0xFF, of the columns that are kept;
+/// otherwise one bit a pixel, the most significant first, of the whole image. A failing engine
+/// leaves the buffer with some or no ink.
 void RenderGlyph(EngineInstance engine, EngineGlyph container, int left, int bottom, bool smooth,
                  const RasterMap& map);
 
