@@ -29,7 +29,8 @@ class Walk {
 public:
     Walk(FaceFile& file, const OutlineTables& tables) : file_(file), tables_(tables) {}
 
-    bool IsBounded(std::uint32_t glyphIndex) {
+    /// Whether the walk comes to its end within the limits.
+    bool Finish(std::uint32_t glyphIndex) {
         for (unsigned loads = 1; Enter(glyphIndex); ++loads) {
             while (depth_ > 0 && parts_[depth_ - 1] == kNoPart)
                 --depth_;
@@ -39,6 +40,9 @@ public:
         return false;
     }
 
+    /// The work of the programs, once the walk is finished.
+    unsigned HintedWork() const { return hintedWork_; }
+
 private:
     /// Loads a glyph: a composite becomes the innermost level. False when there is no room for it.
     bool Enter(std::uint32_t glyphIndex) {
@@ -47,12 +51,23 @@ private:
         const std::uint32_t size = tables_.arePlacesLong ? 4 : 2;
         if (file_.Read(tables_.places + std::uint64_t{glyphIndex} * size, place, 2 * size) < size)
             return false;
+        hintedWork_ += kLoadWork;
         const std::uint64_t begin = At(place);
         if (begin == At(place + size)) return true;  // no outline at all
-        if (file_.Read(tables_.outlines + begin, contours, 2) < 2) return false;
-        if (contours[0] < 0x80) return true;  // not negative: an outline of its own
+        const std::uint64_t glyph = tables_.outlines + begin;
+        if (file_.Read(glyph, contours, 2) < 2) return false;
+        if (contours[0] < 0x80) return AddPoints(glyph, Get16(contours));
         if (depth_ == kMaxPartDepth) return false;
-        parts_[depth_++] = tables_.outlines + begin + kGlyphHeader;
+        parts_[depth_++] = glyph + kGlyphHeader;
+        return true;
+    }
+
+    /// An outline of its own begins with the last point of each contour.
+    bool AddPoints(std::uint64_t glyph, unsigned contours) {
+        std::uint8_t last[2] = {};
+        if (contours == 0) return true;
+        if (file_.Read(glyph + kGlyphHeader + 2 * (contours - 1), last, 2) < 2) return false;
+        hintedWork_ += Get16(last) + 1;
         return true;
     }
 
@@ -76,12 +91,17 @@ private:
     const OutlineTables& tables_;
     std::uint64_t parts_[kMaxPartDepth];  // of each level the next one, or kNoPart
     unsigned depth_ = 0;
+    unsigned hintedWork_ = 0;
 };
 
 }  // namespace
 
-bool IsCompositionBounded(FaceFile& file, const OutlineTables& tables, std::uint32_t glyphIndex) {
-    return tables.places == 0 || Walk(file, tables).IsBounded(glyphIndex);
+GlyphCost CostOfGlyph(FaceFile& file, const OutlineTables& tables, std::uint32_t glyphIndex) {
+    if (tables.places == 0) return GlyphCost::Hinted;
+    Walk walk(file, tables);
+    if (!walk.Finish(glyphIndex)) return GlyphCost::Refused;
+    const bool isHinted = tables.areProgramsBounded && walk.HintedWork() <= kMaxHintedWork;
+    return isHinted ? GlyphCost::Hinted : GlyphCost::Unhinted;
 }
 
 }  // namespace gfx

@@ -13,16 +13,23 @@ namespace gfx {
 inline constexpr unsigned kMaxPartDepth = 32;   // composites within composites
 inline constexpr unsigned kMaxGlyphLoads = 64;  // parts at every depth, the glyph itself included
 
+/// Programs run once for each load, and single instructions of theirs go over all points.
+inline constexpr unsigned kMaxHintedWork = 1024;  // points of all loads, and for each load besides:
+inline constexpr unsigned kLoadWork = 64;
+
 /// Where a face keeps its outlines. Without them (faces of another kind) nothing is composed.
 struct OutlineTables {
     std::uint64_t outlines;
     std::uint64_t places;
     bool arePlacesLong;
+    bool areProgramsBounded;  // as far as the face as a whole decides it
 };
 
-/// Whether the engine comes to an end within the limits above. A glyph that the file does not hold
-/// whole is none that does.
-bool IsCompositionBounded(FaceFile& file, const OutlineTables& tables, std::uint32_t glyphIndex);
+enum class GlyphCost { Refused, Unhinted, Hinted };
+
+/// How a glyph may be loaded: not at all beyond the limits of depth and loads or where the file
+/// does not hold it whole, without its programs beyond the limits for these.
+GlyphCost CostOfGlyph(FaceFile& file, const OutlineTables& tables, std::uint32_t glyphIndex);
 
 }  // namespace gfx
 

@@ -21,6 +21,14 @@ namespace {
 constexpr FT_Int32 kLoadFlags = FT_LOAD_DEFAULT | FT_LOAD_NO_BITMAP;
 constexpr int kDotsPerInch = 72;  // a point is a pixel
 constexpr int kMaxEmSize = 0xFFFF;
+// No face in use that was looked at needs a quarter of these.
+constexpr unsigned kMaxStack = 8192;
+constexpr unsigned kMaxTwilightPoints = 1024;
+constexpr unsigned kMaxFunctions = 1024;
+constexpr FT_ULong kMaxProgram = 16384;  // bytes
+
+constexpr FT_ULong kFunctionsTag = FT_MAKE_TAG('f', 'p', 'g', 'm');
+constexpr FT_ULong kPreparationTag = FT_MAKE_TAG('p', 'r', 'e', 'p');
 constexpr FT_ULong kOutlineTag = FT_MAKE_TAG('g', 'l', 'y', 'f');
 constexpr FT_ULong kPlacesTag = FT_MAKE_TAG('l', 'o', 'c', 'a');
 
@@ -39,6 +47,23 @@ bool FindTable(EngineFace face, const FaceFile& file, FT_ULong tag, std::uint64_
     if (FT_Load_Sfnt_Table(face, tag, 0, &first, &length) != 0) return false;
     offset = file.lastOffset;
     return true;
+}
+
+/// The length of a table, 0 without it.
+FT_ULong TableLength(EngineFace face, FT_ULong tag) {
+    FT_ULong length = 0;
+    return FT_Load_Sfnt_Table(face, tag, 0, nullptr, &length) == 0 ? length : 0;
+}
+
+/// The engine stops a program after a million instructions, but one of them may go over all of
+/// this.
+bool AreProgramsBounded(EngineFace face) {
+    const auto* needs = static_cast<const TT_MaxProfile*>(FT_Get_Sfnt_Table(face, FT_SFNT_MAXP));
+    return needs != nullptr && needs->maxStackElements <= kMaxStack &&
+           needs->maxTwilightPoints <= kMaxTwilightPoints &&
+           needs->maxFunctionDefs <= kMaxFunctions &&
+           TableLength(face, kFunctionsTag) <= kMaxProgram &&
+           TableLength(face, kPreparationTag) <= kMaxProgram;
 }
 
 /// Whether the engine's scale, 1/64 pixels to a font unit with 16 bits of fraction, fits its 32
@@ -120,6 +145,7 @@ OutlineTables FindOutlineTables(EngineFace face, FaceFile& file) {
     if (head == nullptr || !FindTable(face, file, kOutlineTag, tables.outlines)) return {};
     if (!FindTable(face, file, kPlacesTag, tables.places)) return {};
     tables.arePlacesLong = head->Index_To_Loc_Format != 0;
+    tables.areProgramsBounded = AreProgramsBounded(face);
     return tables;
 }
 
@@ -155,13 +181,15 @@ void ReadGlyphIndices(EngineFace face, std::uint32_t* indices, std::uint32_t cou
     }
 }
 
-GlyphMetrics LoadGlyph(EngineFace face, EngineGlyph container, std::uint32_t glyphIndex) {
+GlyphMetrics LoadGlyph(EngineFace face, EngineGlyph container, std::uint32_t glyphIndex,
+                       bool isHinted) {
     GlyphMetrics metrics = {};
     if (!IsScaleBounded(face)) {
         metrics.advance = WideAdvance(face, glyphIndex);
         return metrics;
     }
-    if (FT_Load_Glyph(face, glyphIndex, kLoadFlags) != 0) return metrics;
+    const FT_Int32 flags = isHinted ? kLoadFlags : kLoadFlags | FT_LOAD_NO_HINTING;
+    if (FT_Load_Glyph(face, glyphIndex, flags) != 0) return metrics;
     metrics.advance = container->metrics.horiAdvance;
     if (container->format != FT_GLYPH_FORMAT_OUTLINE) return metrics;
     FT_BBox box = {};

@@ -95,9 +95,10 @@ EngineCharMap SelectCharMap(EngineFace face, int i);
 /// Stores the glyph indices of the codes below `count`; entries of unmapped codes stay as they are.
 void ReadGlyphIndices(EngineFace face, std::uint32_t* indices, std::uint32_t count);
 
-/// Loads a glyph scaled and hinted into the container. Without an outline the box and the bearings
-/// are 0; when nothing could be loaded the advance is 0 too.
-GlyphMetrics LoadGlyph(EngineFace face, EngineGlyph container, std::uint32_t glyphIndex);
+/// Loads a glyph scaled, and hinted if asked for, into the container. Without an outline the box
+/// and the bearings are 0; when nothing could be loaded the advance is 0 too.
+GlyphMetrics LoadGlyph(EngineFace face, EngineGlyph container, std::uint32_t glyphIndex,
+                       bool isHinted);
 
 /// Whether rendering so many rows of the loaded outline stays within the outline budget.
 bool IsOutlineBounded(EngineGlyph container, std::uint32_t rows);

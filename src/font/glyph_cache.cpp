@@ -68,9 +68,12 @@ void ConvertToTransparency(const gfx::RasterMap& map, unsigned width, bool smoot
 /// Loads and measures a glyph. One that costs more than the budgets allow has no image.
 template <class Face>
 GfxFontCache::GlyphGeom LoadAndMeasure(Face& open, std::uint32_t glyphIndex) {
+    const gfx::GlyphCost cost = gfx::CostOfGlyph(open.file, open.outlineTables, glyphIndex);
     open.glyphMetrics = {};
-    if (gfx::IsCompositionBounded(open.file, open.outlineTables, glyphIndex))
-        open.glyphMetrics = gfx::LoadGlyph(open.face, open.glyph, glyphIndex);
+    if (cost != gfx::GlyphCost::Refused) {
+        const bool isHinted = cost == gfx::GlyphCost::Hinted;
+        open.glyphMetrics = gfx::LoadGlyph(open.face, open.glyph, glyphIndex, isHinted);
+    }
     const GfxFontCache::GlyphGeom geom = gfx::RoundToPixels(open.glyphMetrics);
     const auto rows = static_cast<unsigned>(geom.top - geom.bottom);
     return gfx::IsOutlineBounded(open.glyph, rows) ? geom : gfx::WithoutImage(geom);

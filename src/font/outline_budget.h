@@ -12,7 +12,7 @@ namespace gfx {
 /// The engine renders a few rows at a time and follows every stretch of the path that crosses them
 /// from end to end. So a glyph's work is at most the length of its path in pixels, across and down
 /// added, a point counting one more, times the rows to be rendered.
-inline constexpr std::uint64_t kMaxOutlineWork = std::uint64_t{1} << 32;
+inline constexpr std::uint64_t kMaxOutlineWork = std::uint64_t{1} << 31;
 
 /// The points must lie within an image that is small enough to be rendered.
 bool IsWithinOutlineBudget(const FT_Outline_& outline, std::uint32_t rows);
