@@ -46,11 +46,11 @@ void Put32(Bytes& bytes, unsigned value) {
     Put16(bytes, value);
 }
 
-Bytes MakeSfnt(unsigned signature, const std::map<std::string, Bytes>& tables) {
-    Bytes file;
+Bytes MakeSfnt(unsigned signature, const std::map<std::string, Bytes>& tables, Bytes before) {
+    Bytes& file = before;
+    std::size_t at = file.size() + 12 + 16 * tables.size();
     Put32(file, signature);
     Append(file, Words({static_cast<unsigned>(tables.size()), 0, 0, 0}));
-    std::size_t at = 12 + 16 * tables.size();
     for (const auto& [tag, table] : tables) {
         file.insert(file.end(), tag.begin(), tag.end());
         Put32(file, 0);
@@ -100,9 +100,15 @@ Bytes CompositeGlyph(const std::vector<unsigned>& parts) {
 }
 
 unsigned BuiltFace::Add(const Bytes& glyph) {
-    glyphs_.push_back(glyph);
-    glyphs_.back().resize((glyph.size() + 3) & ~std::size_t{3});
-    return static_cast<unsigned>(glyphs_.size() - 1);
+    glyphs_.emplace_back();
+    const auto index = static_cast<unsigned>(glyphs_.size() - 1);
+    Replace(index, glyph);
+    return index;
+}
+
+void BuiltFace::Replace(unsigned index, const Bytes& glyph) {
+    glyphs_[index] = glyph;
+    glyphs_[index].resize((glyph.size() + 3) & ~std::size_t{3});
 }
 
 void BuiltFace::SetProgramNeeds(unsigned stack, unsigned twilightPoints) {
@@ -110,7 +116,7 @@ void BuiltFace::SetProgramNeeds(unsigned stack, unsigned twilightPoints) {
     twilightPoints_ = twilightPoints;
 }
 
-Bytes BuiltFace::File() const {
+std::map<std::string, Bytes> BuiltFace::Tables() const {
     const auto count = static_cast<unsigned>(glyphs_.size());
     std::map<std::string, Bytes> tables;
     tables["head"] = Head(unitsPerEm_);
@@ -130,7 +136,7 @@ Bytes BuiltFace::File() const {
     Put32(places, static_cast<unsigned>(glyphs.size()));
     for (const auto& [tag, table] : extra_)
         tables[tag] = table;
-    return MakeSfnt(0x00010000, tables);
+    return tables;
 }
 
 }  // namespace test

@@ -13,8 +13,9 @@ using Bytes = std::vector<unsigned char>;
 void Put16(Bytes& bytes, unsigned value);
 void Put32(Bytes& bytes, unsigned value);
 
-/// Tables behind a table directory, as every file of this family is laid out.
-Bytes MakeSfnt(unsigned signature, const std::map<std::string, Bytes>& tables);
+/// Tables behind a table directory, as every file of this family is laid out, after what `before`
+/// holds.
+Bytes MakeSfnt(unsigned signature, const std::map<std::string, Bytes>& tables, Bytes before = {});
 
 void SaveBytes(const std::string& path, const Bytes& bytes);
 
@@ -39,6 +40,7 @@ public:
 
     /// The index of the glyph, from 0 upwards.
     unsigned Add(const Bytes& glyph);
+    void Replace(unsigned index, const Bytes& glyph);
 
     /// Adds a table, or replaces one of the usual ones.
     void SetTable(const std::string& tag, const Bytes& table) { extra_[tag] = table; }
@@ -46,8 +48,8 @@ public:
     /// What the face says its programs need: stack elements and points of the twilight zone.
     void SetProgramNeeds(unsigned stack, unsigned twilightPoints);
 
-    Bytes File() const;
-    void Save(const std::string& path) const { SaveBytes(path, File()); }
+    std::map<std::string, Bytes> Tables() const;
+    void Save(const std::string& path) const { SaveBytes(path, MakeSfnt(0x00010000, Tables())); }
 
 private:
     unsigned unitsPerEm_;
