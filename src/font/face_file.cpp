@@ -96,9 +96,9 @@ std::uint32_t FaceFile::Read(std::uint64_t offset, void* to, std::uint32_t count
 
 std::uint32_t FaceFile::PageAt(std::uint64_t offset) {
     const auto number = static_cast<std::uint32_t>(offset / kPageSize) + 1;
-    std::uint32_t page = 0;
-    while (page < kPageCount && pageNumber[page] != number)
-        ++page;
+    std::uint32_t page = kPageCount;
+    for (std::uint32_t i = 0; i < kPageCount; ++i)  // without a branch, all of them at once
+        page = pageNumber[i] == number ? i : page;
     if (page == kPageCount) {
         page =
             static_cast<std::uint32_t>(std::min_element(lastUse, lastUse + kPageCount) - lastUse);

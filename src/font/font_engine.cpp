@@ -203,9 +203,9 @@ GlyphMetrics LoadGlyph(EngineFace face, EngineGlyph container, std::uint32_t gly
     return metrics;
 }
 
-bool IsOutlineBounded(EngineGlyph container, std::uint32_t rows) {
+bool IsOutlineBounded(EngineGlyph container, std::uint32_t width, std::uint32_t rows) {
     return rows == 0 || container->format != FT_GLYPH_FORMAT_OUTLINE ||
-           IsWithinOutlineBudget(container->outline, rows);
+           IsWithinOutlineBudget(container->outline, width, rows);
 }
 
 void RenderGlyph(EngineInstance engine, EngineGlyph container, int left, int bottom, bool smooth,

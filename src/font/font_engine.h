@@ -100,8 +100,9 @@ void ReadGlyphIndices(EngineFace face, std::uint32_t* indices, std::uint32_t cou
 GlyphMetrics LoadGlyph(EngineFace face, EngineGlyph container, std::uint32_t glyphIndex,
                        bool isHinted);
 
-/// Whether rendering so many rows of the loaded outline stays within the outline budget.
-bool IsOutlineBounded(EngineGlyph container, std::uint32_t rows);
+/// Whether rendering the loaded outline, whose image has this size, stays within the outline
+/// budget.
+bool IsOutlineBounded(EngineGlyph container, std::uint32_t width, std::uint32_t rows);
 
 /// Renders the loaded outline so that the point (left, bottom), in whole pixels, is the buffer's
 /// bottom left corner. The buffer must be clear. The outline is moved: one render for each load.

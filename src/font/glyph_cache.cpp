@@ -76,7 +76,8 @@ GfxFontCache::GlyphGeom LoadAndMeasure(Face& open, std::uint32_t glyphIndex) {
     }
     const GfxFontCache::GlyphGeom geom = gfx::RoundToPixels(open.glyphMetrics);
     const auto rows = static_cast<unsigned>(geom.top - geom.bottom);
-    return gfx::IsOutlineBounded(open.glyph, rows) ? geom : gfx::WithoutImage(geom);
+    const auto width = static_cast<unsigned>(geom.right - geom.left);
+    return gfx::IsOutlineBounded(open.glyph, width, rows) ? geom : gfx::WithoutImage(geom);
 }
 
 }  // namespace

@@ -16,7 +16,10 @@ std::uint64_t Distance(const FT_Vector& a, const FT_Vector& b) {
 
 }  // namespace
 
-bool IsWithinOutlineBudget(const FT_Outline& outline, std::uint32_t rows) {
+bool IsWithinOutlineBudget(const FT_Outline& outline, std::uint32_t width, std::uint32_t rows) {
+    // No stretch is longer than the image is wide and high: enough for nearly every glyph.
+    const auto points = static_cast<std::uint64_t>(outline.n_points);
+    if (points * (width + rows + 1) * rows <= kMaxOutlineWork) return true;
     std::uint64_t length = 0;  // in 1/64 pixel
     int first = 0;
     for (int contour = 0; contour < outline.n_contours; ++contour) {

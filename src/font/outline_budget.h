@@ -14,8 +14,8 @@ namespace gfx {
 /// added, a point counting one more, times the rows to be rendered.
 inline constexpr std::uint64_t kMaxOutlineWork = std::uint64_t{1} << 31;
 
-/// The points must lie within an image that is small enough to be rendered.
-bool IsWithinOutlineBudget(const FT_Outline_& outline, std::uint32_t rows);
+/// The points must lie within the image, which must be small enough to be rendered.
+bool IsWithinOutlineBudget(const FT_Outline_& outline, std::uint32_t width, std::uint32_t rows);
 
 }  // namespace gfx
 
