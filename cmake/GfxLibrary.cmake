@@ -31,11 +31,14 @@ if(GFX_FONTS)
   list(
     APPEND
     GFX_SOURCES
+    font/composite_walk.cpp
+    font/face_file.cpp
     font/font_cache.cpp
     font/font_engine.cpp
     font/glyph_cache.cpp
     font/glyph_draw.cpp
-    font/glyph_records.cpp)
+    font/glyph_records.cpp
+    font/outline_budget.cpp)
 endif()
 list(TRANSFORM GFX_SOURCES PREPEND ${PROJECT_SOURCE_DIR}/src/)
 

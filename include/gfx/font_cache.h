@@ -16,6 +16,21 @@ class GfxSurface;
 /// cache is destroyed, also when another face is opened later: use one cache for each face and
 /// size. Glyphs are outlines only; embedded bitmaps and colour layers are not used.
 ///
+/// The file may come from anyone. Faces with TrueType outlines open, OpenType faces with CFF
+/// outlines and collections of either kind; compressed faces (WOFF) and all others are refused.
+/// What a face may ask for is bounded, in a way that no face in use was found to meet:
+///  - A composite of more than 64 parts, the glyph itself and parts of parts counted, or of more
+///    than 32 levels has an empty geometry, as a glyph that cannot be loaded.
+///  - A glyph has no image, only its advance, if the image would be wider or taller than 32767
+///    pixels or take more than 64 MiB, or if the length of its outline in pixels (across and down
+///    added, and 1 for each point) times its height is more than 2^31. It has none either at sizes
+///    of 512 or more times the face's units per em. An advance that is too large saturates.
+///  - Hinting programs are not run for a glyph of more than 960 points (less 64 for each part), nor
+///    for a face that says it needs more than 8192 stack elements, 1024 twilight points or 1024
+///    functions, or whose programs are longer than 16 KiB: it is then drawn without hinting.
+/// The file is read as glyphs are asked for. A file that becomes shorter while its face is open
+/// loses glyphs, and nothing else.
+///
 /// A cache serves one call at a time. Separate caches are independent of each other.
 /// Create it with `new GfxFontCache` (which takes its storage from the hooks), on the stack or as
 /// a member; it is some 10 KiB large.
@@ -72,7 +87,8 @@ public:
     /// @param emSize    em size in pixels; any value is safe, useful ones are 1 or more.
     /// @param smooth    true: anti-aliased glyphs in five steps of coverage; false: 1-bit glyphs.
     /// @return true when the face is open. On false no face is open, whatever was open before.
-    ///         Faces that are not scalable are refused. Glyphs cached earlier stay as they are.
+    ///         Faces that are not scalable are refused, and so is whatever is no regular file of
+    ///         less than 2 GiB. Glyphs cached earlier stay as they are.
     /// @throws what a hook throws; the cache is closed then.
     bool OpenFace(const char* path, int emSize, bool smooth);
 

@@ -6,6 +6,7 @@
 
 #include <gfx/font_cache.h>
 
+#include "font/face_file.h"
 #include "font/font_engine.h"
 
 namespace gfx {
@@ -25,6 +26,8 @@ struct GfxFontCache::FaceData {
     gfx::SizeMetrics instanceMetrics;
     gfx::RasterMap rasterMap;  // its buffer is null outside a fill
     std::uint32_t glyphIndex[gfx::kCodeCount];
+    gfx::OutlineTables outlineTables;
+    gfx::FaceFile file;
 };
 
 #endif  // GFX_FONT_FACE_DATA_H

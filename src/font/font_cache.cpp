@@ -88,16 +88,18 @@ bool GfxFontCache::OpenFace(const char* path, int emSize, bool smooth) {
         block.Release();
         size = emSize;
         antialias = smooth;
-        faceData->engine = gfx::StartEngine();
-        if (faceData->engine == nullptr) return false;
-        faceData->face = gfx::OpenEngineFace(faceData->engine, static_cast<char*>(pathCopy.Get()));
-        if (faceData->face == nullptr) return false;
+        if (!faceData->file.Open(static_cast<char*>(pathCopy.Get()))) return false;
     }
     FaceData& open = *faceData;
+    open.engine = gfx::StartEngine();
+    if (open.engine == nullptr) return false;
+    open.face = gfx::OpenEngineFace(open.engine, open.file);
+    if (open.face == nullptr) return false;
     open.properties = gfx::ReadFaceProperties(open.face);
     open.glyph = gfx::GlyphContainerOf(open.face);
     open.instance = gfx::SizeInstanceOf(open.face);
     if (open.glyph == nullptr || open.instance == nullptr) return false;
+    open.outlineTables = gfx::FindOutlineTables(open.face, open.file);
     gfx::SetCharacterSize(open.face, emSize);
     open.instanceMetrics = gfx::ReadSizeMetrics(open.instance);
     bandWidth = kBandWidth;
@@ -117,6 +119,7 @@ void GfxFontCache::CloseFace() {
     const auto block = gfx::HookBlock::Adopt(faceData);
     gfx::CloseEngineFace(faceData->face);
     gfx::EndEngine(faceData->engine);
+    faceData->file.Close();
     faceData = nullptr;
 }
 

@@ -6,6 +6,9 @@
 
 #include <cstdint>
 
+#include "font/composite_walk.h"
+#include "font/face_file.h"
+
 struct FT_LibraryRec_;
 struct FT_FaceRec_;
 struct FT_SizeRec_;
@@ -45,6 +48,7 @@ struct RasterMap {
     std::uint32_t pixelsPerRow;
     std::uint8_t* buffer;
     std::uint32_t byteSize;
+    std::uint32_t keptPixels;  // of each row, from the left
 };
 
 struct CharMapId {
@@ -58,8 +62,9 @@ EngineInstance StartEngine();
 /// Ends an instance; null is left alone.
 void EndEngine(EngineInstance engine);
 
-/// Opens the first face of a file. Null when there is none, or none with scalable outlines.
-EngineFace OpenEngineFace(EngineInstance engine, const char* path);
+/// Opens the first face of an open file, which must outlive it. Null when there is none, or none
+/// with scalable outlines.
+EngineFace OpenEngineFace(EngineInstance engine, FaceFile& file);
 
 /// Closes a face and what was made on it; null is left alone.
 void CloseEngineFace(EngineFace face);
@@ -69,6 +74,9 @@ EngineGlyph GlyphContainerOf(EngineFace face);
 EngineSize SizeInstanceOf(EngineFace face);
 
 FaceProperties ReadFaceProperties(EngineFace face);
+
+/// Finds the tables of a face of TrueType outlines; all 0 for other faces.
+OutlineTables FindOutlineTables(EngineFace face, FaceFile& file);
 
 /// Sets the em size in pixels, limited to 1 .. 65535, the range the engine can represent.
 void SetCharacterSize(EngineFace face, int emSize);
@@ -87,14 +95,20 @@ EngineCharMap SelectCharMap(EngineFace face, int i);
 /// Stores the glyph indices of the codes below `count`; entries of unmapped codes stay as they are.
 void ReadGlyphIndices(EngineFace face, std::uint32_t* indices, std::uint32_t count);
 
-/// Loads a glyph scaled and hinted into the container. Without an outline the box and the bearings
-/// are 0; when nothing could be loaded the advance is 0 too.
-GlyphMetrics LoadGlyph(EngineFace face, EngineGlyph container, std::uint32_t glyphIndex);
+/// Loads a glyph scaled, and hinted if asked for, into the container. Without an outline the box
+/// and the bearings are 0; when nothing could be loaded the advance is 0 too.
+GlyphMetrics LoadGlyph(EngineFace face, EngineGlyph container, std::uint32_t glyphIndex,
+                       bool isHinted);
+
+/// Whether rendering the loaded outline, whose image has this size, stays within the outline
+/// budget.
+bool IsOutlineBounded(EngineGlyph container, std::uint32_t width, std::uint32_t rows);
 
 /// Renders the loaded outline so that the point (left, bottom), in whole pixels, is the buffer's
 /// bottom left corner. The buffer must be clear. The outline is moved: one render for each load.
-/// `smooth`: one byte a pixel, 0x00, 0x40, 0x80, 0xC0 or 0xFF; otherwise one bit a pixel, the most
-/// significant first. A failing engine leaves the buffer with some or no ink.
+/// `smooth`: one byte a pixel, 0x00, 0x40, 0x80, 0xC0 or 0xFF, of the columns that are kept;
+/// otherwise one bit a pixel, the most significant first, of the whole image. A failing engine
+/// leaves the buffer with some or no ink.
 void RenderGlyph(EngineInstance engine, EngineGlyph container, int left, int bottom, bool smooth,
                  const RasterMap& map);
 

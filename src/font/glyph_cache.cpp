@@ -24,11 +24,13 @@ constexpr const char* kBandLimit = "band < 65536";  // a record numbers its band
 /// The memory behind a render buffer's description, for the length of one fill.
 class RenderBuffer {
 public:
-    RenderBuffer(gfx::RasterMap& map, unsigned width, unsigned height, bool smooth)
+    RenderBuffer(gfx::RasterMap& map, unsigned width, unsigned height, unsigned keptWidth,
+                 bool smooth)
         : map_(map), block_(std::uint64_t{height} * gfx::RenderPitch(width)) {
         map.rows = height;
         map.bytesPerRow = gfx::RenderPitch(width);
         map.pixelsPerRow = smooth ? map.bytesPerRow : width;
+        map.keptPixels = std::min(map.pixelsPerRow, keptWidth);
         map.byteSize = map.rows * map.bytesPerRow;
         map.buffer = static_cast<std::uint8_t*>(block_.Get());
         if (map.byteSize != 0) std::memset(map.buffer, 0, map.byteSize);
@@ -61,6 +63,21 @@ void ConvertToTransparency(const gfx::RasterMap& map, unsigned width, bool smoot
     }
     for (std::uint8_t* row = map.buffer; row != end; row += map.bytesPerRow)
         WidenBits(row, width);
+}
+
+/// Loads and measures a glyph. One that costs more than the budgets allow has no image.
+template <class Face>
+GfxFontCache::GlyphGeom LoadAndMeasure(Face& open, std::uint32_t glyphIndex) {
+    const gfx::GlyphCost cost = gfx::CostOfGlyph(open.file, open.outlineTables, glyphIndex);
+    open.glyphMetrics = {};
+    if (cost != gfx::GlyphCost::Refused) {
+        const bool isHinted = cost == gfx::GlyphCost::Hinted;
+        open.glyphMetrics = gfx::LoadGlyph(open.face, open.glyph, glyphIndex, isHinted);
+    }
+    const GfxFontCache::GlyphGeom geom = gfx::RoundToPixels(open.glyphMetrics);
+    const auto rows = static_cast<unsigned>(geom.top - geom.bottom);
+    const auto width = static_cast<unsigned>(geom.right - geom.left);
+    return gfx::IsOutlineBounded(open.glyph, width, rows) ? geom : gfx::WithoutImage(geom);
 }
 
 }  // namespace
@@ -149,14 +166,16 @@ void GfxFontCache::NewGlyphInBand(unsigned short imageWidth, unsigned short& x,
 void GfxFontCache::FillGlyphInfo(GlyphInfo* info) {
     if (faceData == nullptr || info == nullptr || info->code >= gfx::kCodeCount) return;
     FaceData& open = *faceData;
-    open.glyphMetrics = gfx::LoadGlyph(open.face, open.glyph, open.glyphIndex[info->code]);
-    const GlyphGeom geom = gfx::RoundToPixels(open.glyphMetrics);
+    const GlyphGeom geom = LoadAndMeasure(open, open.glyphIndex[info->code]);
     const auto width = static_cast<std::uint16_t>(geom.right - geom.left);
     const auto height = static_cast<std::uint16_t>(geom.top - geom.bottom);
     unsigned short bandX = 0;
     unsigned short band = 0;
     {
-        const RenderBuffer buffer(open.rasterMap, width, height, antialias);
+        // Any band that the image may go to.
+        const unsigned keptWidth =
+            currentBand == 0 ? bandWidth : std::max<unsigned>(bandWidth, bands[currentBand]->DX());
+        const RenderBuffer buffer(open.rasterMap, width, height, keptWidth, antialias);
         const gfx::RasterMap& map = open.rasterMap;
         if (map.byteSize != 0) {
             gfx::RenderGlyph(open.engine, open.glyph, geom.left, geom.bottom, antialias, map);

@@ -18,6 +18,9 @@ inline std::uint32_t RenderPitch(std::uint32_t width) { return (width + 31) & ~3
 /// has a value of more than 16 bits gets an empty box, bearings 0 and the advance, saturated.
 GfxFontCache::GlyphGeom RoundToPixels(const GlyphMetrics& metrics);
 
+/// The same glyph with an empty box and bearings 0.
+GfxFontCache::GlyphGeom WithoutImage(const GfxFontCache::GlyphGeom& geom);
+
 }  // namespace gfx
 
 #endif  // GFX_FONT_GLYPH_GEOMETRY_H

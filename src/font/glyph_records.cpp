@@ -64,3 +64,9 @@ GfxFontCache::GlyphGeom gfx::RoundToPixels(const GlyphMetrics& m) {
     geom.bearingY = static_cast<short>(g.bearingY);
     return geom;
 }
+
+GfxFontCache::GlyphGeom gfx::WithoutImage(const GfxFontCache::GlyphGeom& geom) {
+    GfxFontCache::GlyphGeom bare = {};
+    bare.advance = geom.advance;
+    return bare;
+}

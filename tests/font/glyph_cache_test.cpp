@@ -2,7 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 #include <initializer_list>
+#include <string>
 
 #include "font/probe_cache.h"
 #include "font/test_face.h"
@@ -101,6 +103,63 @@ TEST(FontCache, The_band_array_grows_by_ten_slots_and_keeps_its_bands) {
         EXPECT_EQ((k / 10 + 1) * 10, cache.bandCount) << "band " << k;
         EXPECT_TRUE(std::equal(made.begin(), made.end(), cache.bands)) << "band " << k;
     }
+}
+
+/// The text that `action` throws, or an empty one.
+std::string RefusalOf(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const char* condition) {
+        return condition;
+    }
+    return {};
+}
+
+TEST(FontCache, Bands_are_refused_without_memory_and_beyond_16_bits) {
+    LedgerCheck check;
+    ProbeCache cache;
+    cache.bandWidth = 16;
+    cache.bandHeight = 2;
+    HookLedger::DeliverNullOnce();
+    EXPECT_EQ("band != nullptr", RefusalOf([&] { cache.NewBand(); }));
+    EXPECT_EQ(0, cache.currentBand);
+    constexpr std::uint32_t kSlots = 65540;
+    GfxSurface* taken = GfxSurface::New(8);
+    cache.bands = static_cast<GfxSurface**>(
+        GfxMemory::fn_alloc(GfxMemory::arg, kSlots * sizeof(GfxSurface*)));
+    cache.bandCount = kSlots;
+    std::fill(cache.bands, cache.bands + kSlots, nullptr);
+    std::fill(cache.bands + 1, cache.bands + 65535, taken);
+    EXPECT_EQ("", RefusalOf([&] { cache.NewBand(); }));
+    EXPECT_EQ(65535, cache.currentBand);
+    cache.currentX = 9;
+    EXPECT_EQ("band < 65536", RefusalOf([&] { cache.NewBand(); }));
+    EXPECT_EQ(65535, cache.currentBand);
+    EXPECT_EQ(9, cache.currentX);
+    std::fill(cache.bands + 1, cache.bands + 65535, nullptr);
+    GfxSurface::Delete(taken);
+}
+
+TEST(FontCache, An_image_that_cannot_be_made_takes_no_columns) {
+    LedgerCheck check;
+    ProbeCache cache;
+    ASSERT_TRUE(cache.OpenFace(GFX_TEST_FACE, 12, true));
+    Access(cache, 0x41);
+    const int column = cache.currentX;
+    std::size_t failures = 0;
+    for (bool isMade = false; !isMade;) {
+        HookLedger::ThrowAtAllocation(failures + 1);
+        try {
+            Access(cache, 0x42);
+            isMade = true;
+        } catch (const HookFailure&) {
+            ++failures;
+            ASSERT_EQ(column, cache.currentX) << "allocation " << failures;
+        }
+    }
+    HookLedger::ThrowAtAllocation(0);
+    EXPECT_GT(failures, 1u);
+    EXPECT_GT(cache.currentX, column);
 }
 
 TEST(FontCache, Geometry_and_images_match_the_engine) {
