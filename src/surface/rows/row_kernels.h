@@ -80,7 +80,7 @@ struct RowKernels {
 };
 
 extern const RowKernels kRowKernelsBaseline;
-#if defined(__x86_64__)
+#if defined(GFX_X86_KERNELS)
 extern const RowKernels kRowKernelsAvx2;
 extern const RowKernels kRowKernelsAvx512;
 #endif
