@@ -23,8 +23,8 @@ double CosineOf(double a) {
 
 std::int32_t NearestUnit(double v) {
     constexpr std::int32_t kLift = 2 * kReach;  // makes it positive, so that cutting rounds down
-    const double limited =
-        std::min(std::max(v, -static_cast<double>(kReach)), static_cast<double>(kReach));
+    constexpr double kFar = kReach;
+    const double limited = std::min(kFar, std::max(-kFar, v));
     return static_cast<std::int32_t>(limited + (kLift + 0.5)) - kLift;
 }
 

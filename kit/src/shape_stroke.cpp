@@ -46,12 +46,13 @@ private:
         return {static_cast<double>(c.x), static_cast<double>(c.y)};
     }
 
-    /// Both sides meet half * tan(angle / 2) before the corner, if the segments are long enough.
+    /// Both sides meet half * tan(angle / 2) before the corner, if the segments are long enough
+    /// and do not all but reverse.
     void AddInnerJoin(Vector center, Segment from, Segment to, double turn, double along) {
         const Vector before = TurnLeft(from.direction) * half_;
         const Vector behind = TurnLeft(to.direction) * half_;
         const double shorter = from.length < to.length ? from.length : to.length;
-        if (2 * half_ * turn <= shorter * along) {
+        if (along > 1.0 / 64 && 2 * half_ * turn <= shorter * along) {
             outline_.Add(center + (before + behind) * (1 / along));
             return;
         }

@@ -59,8 +59,9 @@ Glyph GlyphFinder::Find(const Font& font, char32_t code) {
             unsigned short x, y;
             GfxFontCache::GlyphGeom geom;
             face->AccessGlyph(static_cast<unsigned short>(wanted), band, x, y, geom);
-            return {band,      x,        y,           geom.right - geom.left, geom.top - geom.bottom,
-                    geom.left, geom.top, geom.advance};
+            return {
+                band,      x,        y,           geom.right - geom.left, geom.top - geom.bottom,
+                geom.left, geom.top, geom.advance};
         }
         if (const GlyphImage* const image = ImageOf(font, wanted)) {
             return {image->mask, image->x,    image->y,   image->w,
@@ -102,10 +103,10 @@ struct Pen {
 /// Cuts the image at its mask's edges; false when nothing is left.
 bool CutToMask(Glyph& glyph) {
     if (glyph.mask == nullptr || glyph.x < 0 || glyph.y < 0) return false;
-    glyph.w = static_cast<int>(std::min<std::int64_t>(
-        glyph.w, std::int64_t{glyph.mask->DX()} - glyph.x));
-    glyph.h = static_cast<int>(std::min<std::int64_t>(
-        glyph.h, std::int64_t{glyph.mask->DY()} - glyph.y));
+    glyph.w =
+        static_cast<int>(std::min<std::int64_t>(glyph.w, std::int64_t{glyph.mask->DX()} - glyph.x));
+    glyph.h =
+        static_cast<int>(std::min<std::int64_t>(glyph.h, std::int64_t{glyph.mask->DY()} - glyph.y));
     return glyph.w > 0 && glyph.h > 0;
 }
 

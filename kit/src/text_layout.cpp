@@ -93,8 +93,7 @@ struct Frame {
 std::int64_t LineLimit(const Font& font, const TextStyle& style, int height) {
     if (!style.ellipsis || style.alignY == AlignY::kBaseline || font.LineHeight() <= 0)
         return kFarthest;
-    return std::max<std::int64_t>(
-        1, (std::int64_t{height} + font.LineGap()) / font.LineHeight());
+    return std::max<std::int64_t>(1, (std::int64_t{height} + font.LineGap()) / font.LineHeight());
 }
 
 /// The first baseline's distance from the frame's top.
@@ -113,8 +112,9 @@ std::int64_t LineStart(AlignX align, std::int64_t spare) {
 }  // namespace
 
 TextLine NextLine(const Font& font, std::string_view text, int maxWidth) {
-    TextLine line{0, 0, 0};   // what is known to stay, up to the last character with ink
+    TextLine line{0, 0, 0};    // up to the last character that is no space
     TextLine broken{0, 0, 0};  // up to the last place to break at
+    TextLine before{0, 0, 0};  // up to the last letter, which marks may follow
     Ruler ruler(font);
     std::size_t at = 0;
     while (at < text.size()) {
@@ -124,19 +124,18 @@ TextLine NextLine(const Font& font, std::string_view text, int maxWidth) {
             return line;
         }
         const Character next = FirstCharacter(rest);
+        const bool isSpace = IsSpace(next.code);
         ruler.Add(next.code);
-        if (IsSpace(next.code)) {
-            at += next.length;
-            if (line.length != 0) broken = {line.length, at, line.width};
-            continue;
-        }
-        if (ruler.Width() > maxWidth && at != 0 && !IsCombining(next.code)) {
+        if (!IsCombining(next.code)) before = {line.length, at, line.width};
+        if (!isSpace && ruler.Width() > maxWidth) {
             if (broken.next != 0) return broken;
-            if (line.length != 0) return {line.length, at, line.width};
+            if (before.length != 0) return before;
         }
         at += next.length;
-        line = {at, at, ruler.Width()};
-        if (next.code == U'-' && line.width <= maxWidth) broken = line;
+        if (!isSpace) line = {at, at, ruler.Width()};
+        const bool mayBreak = isSpace || (next.code == U'-' && line.width <= maxWidth);
+        if (mayBreak && line.length != 0 && !IsCombining(FirstCharacter(text.substr(at)).code))
+            broken = {line.length, at, line.width};
     }
     line.next = at;
     return line;

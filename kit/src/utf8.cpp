@@ -5,9 +5,9 @@ namespace gfx::kit {
 namespace {
 
 struct Form {
-    unsigned char firstLead, lastLead;      // range of the first byte
-    unsigned char lowSecond, highSecond;    // range of the second one
-    unsigned char length;                   // bytes in all
+    unsigned char firstLead, lastLead;    // range of the first byte
+    unsigned char lowSecond, highSecond;  // range of the second one
+    unsigned char length;                 // bytes in all
 };
 
 constexpr Form kForms[] = {

@@ -60,10 +60,10 @@ public:
     /// the gap to the next one. For faces that have none of their own.
     void SetLineMetrics(int ascent, int descent, int gap);
 
-    int Ascent() const { return ascent_; }            ///< pixels above the baseline
-    int Descent() const { return descent_; }          ///< pixels below it, usually positive
-    int LineGap() const { return lineGap_; }          ///< pixels between two lines
-    int Tracking() const { return tracking_; }        ///< pixels between two characters
+    int Ascent() const { return ascent_; }      ///< pixels above the baseline
+    int Descent() const { return descent_; }    ///< pixels below it, usually positive
+    int LineGap() const { return lineGap_; }    ///< pixels between two lines
+    int Tracking() const { return tracking_; }  ///< pixels between two characters
 
     /// From baseline to baseline: ascent + descent + gap.
     int LineHeight() const { return ascent_ + descent_ + lineGap_; }
@@ -119,9 +119,9 @@ struct TextLine {
 /// The first line of `text` that is at most maxWidth pixels wide.
 ///
 /// A line ends at a line feed (a carriage return before it belongs to it). Otherwise it is broken
-/// behind spaces, tabs and hyphens, which stay on it; a word too wide for a line of its own is broken
-/// between characters, but not before a combining mark (U+0300 to U+036F). A line has one character
-/// at least, however narrow it is. No-break spaces are no place to break.
+/// behind spaces, tabs and hyphens, which stay on it; a word too wide for a line of its own is
+/// broken between characters, but not before a combining mark (U+0300 to U+036F). A line has one
+/// character at least, however narrow it is. No-break spaces are no place to break.
 /// @throws what a hook throws.
 GFX_KIT_API TextLine NextLine(const Font& font, std::string_view text, int maxWidth);
 
@@ -159,8 +159,8 @@ struct TextStyle {
 };
 
 /// Sets a text into a box and gives the number of lines drawn. The box does not clip: without
-/// `ellipsis` text may leave it. All lines together are as high as their line heights, less the last
-/// gap; what is left over is halved, rounded down, where text stands in the middle.
+/// `ellipsis` text may leave it. All lines together are as high as their line heights, less the
+/// last gap; what is left over is halved, rounded down, where text stands in the middle.
 /// @throws as DrawString.
 GFX_KIT_API int DrawStringInBox(GfxSurface& target, const Font& font, TextBox box,
                                 std::string_view text, const TextStyle& style);
