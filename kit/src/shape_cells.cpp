@@ -141,25 +141,51 @@ void Raster::SumRow(int row, std::uint8_t* mask, std::uint8_t* kinds) {
     PutRun(mask, kinds, done, Width(), m);
 }
 
-bool Raster::NextBand(FillRule rule, std::uint8_t* mask, int pitch, Band& band) {
-    const int top = bounds_.top + nextBand_ * kBandRows;
-    if (top >= bounds_.bottom) return false;
-    const int rows = std::min(kBandRows, bounds_.bottom - top);
-    std::uint32_t& head = heads_[static_cast<std::size_t>(nextBand_)];
-    for (std::uint32_t at = head; at != 0;) {
+/// Follows the band's edges through it and hands on those that reach further.
+void Raster::DrawEdges(int top, int bottom) {
+    for (std::uint32_t at = heads_[static_cast<std::size_t>(nextBand_)]; at != 0;) {
         Edge& edge = edges_[at - 1];
         const std::uint32_t next = edge.next;
-        DrawEdge(edge, top, top + rows);
-        if (edge.y < edge.y1 && top + rows < bounds_.bottom) {
+        DrawEdge(edge, top, bottom);
+        if (edge.y < edge.y1 && bottom < bounds_.bottom) {
             std::uint32_t& later = heads_[static_cast<std::size_t>(nextBand_) + 1];
             edge.next = later;
             later = at;
         }
         at = next;
     }
-    const int blocks = (Width() + kBlockColumns - 1) / kBlockColumns;
-    std::fill_n(kinds_.Data(), blocks, std::uint8_t{0});
-    for (int row = 0; row < rows; ++row) {
+}
+
+/// Draws upright edges into the band's first row alone and moves them below the band.
+void Raster::AddFirstRow(int bottom) {
+    for (std::uint32_t at = heads_[static_cast<std::size_t>(nextBand_)]; at != 0;) {
+        Edge& edge = edges_[at - 1];
+        AddPiece(0, edge.x, edge.x, Fixed::kOne, edge.sign);
+        edge.y = bottom * Fixed::kOne;
+        at = edge.next;
+    }
+}
+
+/// Whether only upright edges run through the band, each from its top to its bottom.
+bool Raster::HasEqualRows(int top, int bottom) const {
+    for (std::uint32_t at = heads_[static_cast<std::size_t>(nextBand_)]; at != 0;) {
+        const Edge& edge = edges_[at - 1];
+        if (edge.x != edge.x1 || edge.y > top * Fixed::kOne || edge.y1 < bottom * Fixed::kOne)
+            return false;
+        at = edge.next;
+    }
+    return true;
+}
+
+bool Raster::NextBand(FillRule rule, std::uint8_t* mask, int pitch, Band& band) {
+    const int top = bounds_.top + nextBand_ * kBandRows;
+    if (top >= bounds_.bottom) return false;
+    const int rows = std::min(kBandRows, bounds_.bottom - top);
+    const bool isRepeated = HasEqualRows(top, top + rows);
+    if (isRepeated) AddFirstRow(top + rows);
+    DrawEdges(top, top + rows);
+    std::fill_n(kinds_.Data(), (Width() + kBlockColumns - 1) / kBlockColumns, std::uint8_t{0});
+    for (int row = 0; row < (isRepeated ? 1 : rows); ++row) {
         std::uint8_t* const line = mask + static_cast<std::ptrdiff_t>(row) * pitch;
         if (rule == FillRule::kEvenOdd) {
             SumRow<true>(row, line, kinds_.Data());
@@ -167,6 +193,9 @@ bool Raster::NextBand(FillRule rule, std::uint8_t* mask, int pitch, Band& band) 
             SumRow<false>(row, line, kinds_.Data());
         }
     }
+    for (int row = 1; isRepeated && row < rows; ++row)
+        std::memcpy(mask + static_cast<std::ptrdiff_t>(row) * pitch, mask,
+                    static_cast<std::size_t>(Width()));
     band = {bounds_.left, top, Width(), rows, kinds_.Data(), mask, pitch};
     ++nextBand_;
     return true;

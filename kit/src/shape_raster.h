@@ -74,6 +74,9 @@ private:
 
     void StartEdge(Edge& edge);
     void DrawEdge(Edge& edge, int bandTop, int bandBottom);
+    void DrawEdges(int top, int bottom);
+    void AddFirstRow(int bottom);
+    bool HasEqualRows(int top, int bottom) const;
     void AddPiece(int row, std::int32_t x0, std::int32_t x1, std::int32_t height,
                   std::int32_t sign);
     void AddWidePiece(int row, std::int32_t x0, std::int32_t x1, std::int32_t height,
