@@ -21,6 +21,13 @@ struct Library {
 };
 
 Library MakeLimit(Scene& scene);
+Library MakeStretch(Scene& scene);
+
+/// Whether a library only shows what the memory costs and draws no picture worth comparing.
+inline bool IsLimit(const Library& library) {
+    return library.name == "limit" || library.name == "stretch";
+}
+
 Library MakeOurs(Scene& scene, const std::string& name);
 Library MakePixman(Scene& scene);
 Library MakeCairo(Scene& scene);

@@ -1,7 +1,7 @@
-// The cheapest loop over the same bytes: what the memory and one pass over it cost, whatever the
-// arithmetic. Fills are memset, copies memcpy, conversions narrow or widen without rounding, blends
-// read and write by xor, lines are unclipped integer steps, cold text is the font engine alone.
-// Built for the processor at hand.
+// The cheapest loop over the same bytes, row by row: what the memory and one pass over it cost,
+// whatever the arithmetic. Fills are memset, copies memcpy, conversions narrow or widen without
+// rounding, blends read and write by xor, lines are unclipped integer steps, cold text is the font
+// engine alone. Built for the processor at hand.
 #include <cstdlib>
 #include <cstring>
 
@@ -34,20 +34,6 @@ Work ForRows(const Image& to, const Image& from, const std::vector<Spot>& spots,
     if (side == 1) return ForRowsOfSide<To, From, 1>(to, from, spots, draw);
     if (side == 16) return ForRowsOfSide<To, From, 16>(to, from, spots, draw);
     return ForRowsOfSide<To, From, 0>(to, from, spots, draw);
-}
-
-struct ConvertRow {
-    template <typename To, typename From>
-    void operator()(To* __restrict to, const From* __restrict from, int width) const {
-        for (int x = 0; x < width; ++x)
-            to[x] = static_cast<To>(from[x]);
-    }
-};
-
-template <typename To>
-void XorColor(To* to, int width) {
-    for (int x = 0; x < width; ++x)
-        to[x] = static_cast<To>(to[x] ^ 0x55);
 }
 
 Work MakeFill(Scene& scene, const Row& row) {

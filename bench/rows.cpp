@@ -246,6 +246,7 @@ std::vector<Row> AllRows() {
     AddLines(rows);
     AddText(rows);
     AddPixelsAndDisplay(rows);
+    AddDerivedRows(rows);
     return rows;
 }
 

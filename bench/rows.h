@@ -40,9 +40,14 @@ enum class Pattern {
 
 enum class Slope { kAny, kHorizontal, kVertical };
 
+/// Which part of the report a row belongs to. The means over all groups count kMain alone, so that
+/// they stay comparable from one state of the engine to the next.
+enum class Suite { kMain, kPictures, kPitch };
+
 struct Row {
     std::string name;
     std::string group;
+    Suite suite = Suite::kMain;
     Operation operation = Operation::kFill;
     Format target = Format::k32;
     Format source = Format::k32;
@@ -63,10 +68,20 @@ struct Row {
 
     /// Whether one pass draws many small rectangles instead of one large one.
     bool Scattered() const { return width <= 16; }
+
+    /// Whether one pass draws a rectangle whose rows follow each other without a gap, in the target
+    /// as in the source.
+    bool FullWidth() const {
+        return !Scattered() && width == surfaceWidth && operation != Operation::kTile;
+    }
 };
 
-/// Every row, in the order of the report.
+/// Every row, in the order of the report: those of kMain first.
 std::vector<Row> AllRows();
+
+/// Adds what is derived from the rows of kMain: whole pictures that are missing there, the same
+/// rectangles inside a wider picture, and lines at another distance from row to row.
+void AddDerivedRows(std::vector<Row>& rows);
 
 int BytesPerPixel(Format format);
 std::string FormatName(Format format);
@@ -77,6 +92,8 @@ inline constexpr int kPoints = 4096;     ///< single pixels a pass
 inline constexpr int kTextGlyphs = 80;   ///< glyphs a pass from a warm cache
 inline constexpr int kColdGlyphs = 224;  ///< glyphs a pass from a face just opened
 inline constexpr int kSheet = 256;       ///< side of the source that small rectangles come from
+inline constexpr int kFreeColumns = 80;  ///< of a wider picture, half of them left of the rectangle
+inline constexpr int kFreeRows = 16;     ///< likewise above and below
 inline constexpr int kTile = 64;         ///< side of the tiled source
 inline constexpr int kDashOn = 6;        ///< pixels drawn
 inline constexpr int kDashOff = 4;       ///< pixels skipped
