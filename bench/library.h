@@ -20,6 +20,9 @@ struct Library {
     std::function<void()> select = [] {};  ///< called before each run, untimed
 };
 
+/// Whether a library is ours with the kernels for an older processor.
+inline bool IsOlderTable(const Library& library) { return library.name.starts_with("gfx-"); }
+
 Library MakeLimit(Scene& scene);
 Library MakeStretch(Scene& scene);
 

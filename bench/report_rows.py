@@ -5,6 +5,7 @@ import statistics
 
 OURS = ("gfx", "gfx-avx2", "gfx-base")
 LIMITS = ("limit", "stretch")
+LEAST_MARGIN = 0.02  # ratios nearer to 1 than this are level, however quiet the machine was
 
 
 def lower_quartile(times):
@@ -52,14 +53,14 @@ class Row:
         return self.times[library] / self.times[to]
 
     def verdict(self):
-        """How gfx stands to the best peer: level where the ratio is within two standard errors of 1."""
+        """How gfx stands to the best peer: level within two standard errors of 1."""
         ratio = self.ratio("gfx", "best")
         if ratio is None:
             return ""
         distances = [relative_distance(self.runs[library]) for library in ("gfx", self.best)]
         if None in distances:
             return "unsure"
-        margin = 2 * ratio_error(distances, len(self.runs["gfx"]))
+        margin = max(LEAST_MARGIN, 2 * ratio_error(distances, len(self.runs["gfx"])))
         if abs(ratio - 1) <= margin:
             return "level"
         return "ahead" if ratio < 1 else "behind"

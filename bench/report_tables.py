@@ -113,10 +113,9 @@ def picture_tables(rows):
     if full:
         text += ("\n## Full-width rows\n\nThe rows above and a few more whose rectangle is the whole "
                  "picture, so that its rows follow each other\nwithout a gap. The limit here takes "
-                 "the picture in one stretch.\n\n" +
+                 "the picture in one stretch; limits row by row stand above.\n\n" +
                  pictures_mean("Full-width rows", full, "stretch") +
-                 f" Goal: no row behind, and gfx / best\nat most {PICTURE_GOAL:.2f} also for each of "
-                 "the groups:\n\n" + groups_table(full, "stretch") + "\n\n" +
+                 f"\nGoal: no row behind, and gfx / best at most {PICTURE_GOAL:.2f} also in each group:\n\n" + groups_table(full, "stretch") + "\n\n" +
                  pictures_table(full, "stretch") + "\n")
     if inside:
         text += ("\n## The same inside a wider picture\n\nThe rectangle stands 40 pixels from the "

@@ -1,6 +1,6 @@
 """The words of the report."""
 
-from report_rows import ratio_error
+from report_rows import LEAST_MARGIN, ratio_error
 
 INTRODUCTION = """# Benchmarks
 
@@ -27,7 +27,7 @@ one pass is compared between all libraries (`script/bench --check`).
 - **best peer** is the fastest of the other libraries that can do the row. AGG is inlined into the
   caller and left out of the rows of single pixels.
 - **gfx is** ahead of the best peer, behind it, or level with it: the ratio is within two standard
-  errors of 1.
+  errors of 1, or within {least:.0%}.
 {noise}
 Measured are libraries that Debian 12 packages. Well-known ones that it does not package are not
 measured, so nothing is said about them: Blend2D, Skia, ThorVG, PlutoVG, LVGL; tiny-skia it packages
@@ -46,9 +46,12 @@ glyphs once. pixel: one call a pixel. display: a frame to 16-bit display memory.
 
 NOISE = """
 How sure a ratio is: the quartiles of a row's repetitions usually lie {distance:.1%} apart. One lower
-quartile of {repetitions} then has a standard error of about {distance:.1%} / sqrt({repetitions}) =
-{one:.1%}, a ratio of two {error:.1%}. A ratio of 1.03 is {times:.1f} standard errors from 1{verdict}.
-The best peer is the smallest of several such figures, which favours it a little.
+quartile of {repetitions} then has a standard error of about {distance:.1%} / sqrt({repetitions}) = {one:.1%}, a
+ratio of two {error:.1%}. A ratio of 1.03 is {times:.1f} standard errors from 1{verdict}.
+With 11 repetitions and quartiles 7% apart it is one standard error, which is chance one time in
+six; quartiles must lie within 3.5% for it to be two. The best peer is the smallest of several such
+figures, which favours it a little. What stays the same in all repetitions, such as where code and
+pictures lie, is not in these errors.
 """
 
 WIDTHS = """![Cost of a row of pixels by its width](benchmarks-widths.svg)
@@ -71,7 +74,7 @@ def introduction(rows, spread):
                    else " and hardly chance")
         noise = NOISE.format(distance=distance, repetitions=repetitions, times=times, error=error,
                              one=ratio_error([distance], repetitions), verdict=verdict)
-    return INTRODUCTION.format(repetitions=repetitions, noise=noise)
+    return INTRODUCTION.format(repetitions=repetitions, noise=noise, least=LEAST_MARGIN)
 
 
 def widths_text():
