@@ -2,8 +2,10 @@
 // so that a threshold between two ways of drawing shows as a step, wherever it lies.
 #include <gfx/gfx.h>
 
+#include <cstdint>
 #include <memory>
 #include <random>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -44,14 +46,27 @@ std::vector<Point> Corners() {
     return corners;
 }
 
+/// The sum of the pixels at all corners, which every pass changes.
+std::uint64_t SumAt(const std::vector<Point>& corners, const GfxSurface& surface) {
+    std::uint64_t sum = 0;
+    for (Point corner : corners)
+        sum += surface.RetPixelRGB(corner.x, corner.y);
+    return sum;
+}
+
 /// Rectangles of one width at random corners, counted in rows of pixels.
 void RegisterWidth(const std::string& column, unsigned width, unsigned bits, unsigned sourceBits,
                    Draw draw) {
-    const auto prepare = [=]() -> Work {
-        return [=, to = Filled(bits), from = Filled(sourceBits), corners = Corners()] {
+    const auto prepare = [=] {
+        const Surface to = Filled(bits), from = Filled(sourceBits);
+        const Work pass = [=, corners = Corners()] {
             for (Point corner : corners)
                 draw(*to, corner.x, corner.y, width, kHeight, *from);
         };
+        const std::uint64_t before = SumAt(Corners(), *to);
+        pass();
+        if (SumAt(Corners(), *to) == before) throw std::logic_error(column + " draws nothing");
+        return pass;
     };
     RegisterPlace("widths " + column, width, kRectangles * kHeight, prepare, false, kSeconds);
 }

@@ -1,5 +1,7 @@
 // Rows that repeat rows of the main suite in another place: rectangles inside a wider picture,
 // whose rows lie apart, and lines on pictures whose rows do not share cache sets.
+#include <algorithm>
+#include <stdexcept>
 #include <string>
 
 #include "rows.h"
@@ -10,30 +12,25 @@ namespace {
 
 constexpr int kPitchColumns = 1040;  // 4,160 bytes a row in 32 bits, where 1024 columns are 4,096
 
-/// A whole picture that the main suite does not have, in the place of one that it has.
-Row Resized(const Row& model, const std::string& name, int width, int height) {
-    Row row = model;
+/// Adds a whole picture that the main suite lacks, drawn as the row called `model`.
+void AddPicture(std::vector<Row>& rows, const std::string& model, const std::string& name,
+                int width, int height) {
+    const auto named = [&](const Row& row) { return row.name == model; };
+    const auto found = std::find_if(rows.begin(), rows.end(), named);
+    if (found == rows.end()) throw std::logic_error("no row is called " + model);
+    Row row = *found;
     row.suite = Suite::kPictures;
     row.name = name;
     row.width = row.surfaceWidth = width;
     row.height = row.surfaceHeight = height;
     row.items = static_cast<double>(width) * height;
-    return row;
+    rows.push_back(row);
 }
 
 void AddMissingPictures(std::vector<Row>& rows) {
-    const std::vector<Row> main = rows;
-    for (const Row& row : main) {
-        if (row.name == "mask-rand 256x256 8") {
-            rows.push_back(Resized(row, "mask-rand 1920x1080 8", 1920, 1080));
-        }
-        if (row.name == "over-rand 256x256 32>8") {
-            rows.push_back(Resized(row, "over-rand 1920x1080 32>8", 1920, 1080));
-        }
-        if (row.name == "display 1920x1080 32>565") {
-            rows.push_back(Resized(row, "display 256x256 32>565", 256, 256));
-        }
-    }
+    AddPicture(rows, "mask-rand 256x256 8", "mask-rand 1920x1080 8", 1920, 1080);
+    AddPicture(rows, "over-rand 256x256 32>8", "over-rand 1920x1080 32>8", 1920, 1080);
+    AddPicture(rows, "display 1920x1080 32>565", "display 256x256 32>565", 256, 256);
 }
 
 /// The operations whose whole pictures are drawn inside a wider one as well.
