@@ -72,7 +72,7 @@ int CheckSums(Scene& scene, const std::vector<Library>& libraries, const std::st
         double expected = -1;
         std::printf("%-34s", row.name.c_str());
         for (const Library& library : libraries) {
-            if (library.name == "limit") continue;
+            if (IsLimit(library)) continue;
             const Work work = library.make(row);
             if (!work) continue;
             const double mean = MeasureOnce(scene, row, library, work);

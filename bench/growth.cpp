@@ -43,29 +43,11 @@ Surface Over(std::uint32_t* memory, unsigned width, unsigned height) {
     return surface;
 }
 
-using Pass = std::function<void()>;
-
-/// `prepare` delivers the pass, so that nothing is built for series that are filtered out. Passes
-/// on several cores are timed by the clock on the wall.
-void Register(const std::string& series, unsigned x, double items,
-              const std::function<Pass()>& prepare, bool wallClock = false) {
-    const std::string name = "growth " + series + " " + std::to_string(x) + "/gfx";
-    benchmark::internal::Benchmark* const registered =
-        benchmark::RegisterBenchmark(name.c_str(), [prepare, items](benchmark::State& state) {
-            const Pass pass = prepare();
-            pass();
-            for (auto _ : state)
-                pass();
-            state.counters["items"] = items;
-        });
-    if (wallClock) registered->UseRealTime();
-}
-
 void RegisterAreas() {
     for (unsigned side = 1; side <= kMaxSide; side *= 2) {
         const double area = static_cast<double>(side) * side;
         const auto add = [&](const char* series, auto draw) {
-            Register(series, side * side, area, [side, draw] {
+            RegisterPlace(series, side * side, area, [side, draw] {
                 const Surface to = Over(Memory(), kStride, kMaxSide);
                 const Surface from = Over(SourceMemory(), kStride, kMaxSide);
                 return [=] { draw(*to, *from, side); };
@@ -82,40 +64,15 @@ void RegisterAreas() {
     }
 }
 
-/// Rectangles of each width up to 64, 64 rows high: shows thresholds that were fitted to one width.
-void RegisterWidths() {
-    static constexpr unsigned kRows = 64;
-    for (unsigned width = 1; width <= kRows; ++width) {
-        const auto add = [&](const char* series, auto draw) {
-            Register(series, width, kRows, [width, draw] {
-                const Surface to = Over(Memory(), kStride, kRows);
-                const Surface from = Over(SourceMemory(), kStride, kRows);
-                return [=] { draw(*to, *from, width); };
-            });
-        };
-        add("width fill",
-            [](GfxSurface& to, GfxSurface&, unsigned w) { to.RectFill(3, 0, w, kRows, kColor); });
-        add("width blend", [](GfxSurface& to, GfxSurface&, unsigned w) {
-            to.RectFillBlend(3, 0, w, kRows, kHalfColor);
-        });
-        add("width mask", [](GfxSurface& to, GfxSurface& from, unsigned w) {
-            to.RectFillBlend(3, 0, w, kRows, kColor, 1, 0, &from);
-        });
-        add("width copy", [](GfxSurface& to, GfxSurface& from, unsigned w) {
-            to.RectCopy(3, 0, w, kRows, 1, 0, &from, false);
-        });
-    }
-}
-
 void RegisterLines() {
     const unsigned height = kLongest / 16 + 2;
     for (unsigned steps : {1u, 10u, 100u, 1000u, kLongest}) {
         for (bool antialias : {false, true}) {
             const char* const series = antialias ? "steps aa" : "steps alias";
-            Register(series, steps, steps, [=] {
+            RegisterPlace(series, steps, steps, [=] {
                 const Surface to = Over(Memory(), kLongest + 1, height);
                 const int x = static_cast<int>(steps), y = x / 16;
-                return Pass([=] {
+                return Work([=] {
                     if (antialias) {
                         to->DrawAALine(0, 0, x, y, kColor);
                     } else {
@@ -133,11 +90,11 @@ void RegisterClippedLines() {
     for (unsigned percent : {100u, 50u, 20u, 10u, 5u, 2u, 1u}) {
         for (bool antialias : {false, true}) {
             const char* const series = antialias ? "visible aa" : "visible alias";
-            Register(series, percent, 1, [=] {
+            RegisterPlace(series, percent, 1, [=] {
                 const Surface to = Over(Memory(), side, side);
                 const unsigned shown = steps * percent / 100;
                 to->SetClipRect(static_cast<int>(steps - shown) / 2, 0, shown, side);
-                return Pass([=] {
+                return Work([=] {
                     if (antialias) {
                         to->DrawAALine(0, 10, steps, 310, kColor);
                     } else {
@@ -153,7 +110,7 @@ void RegisterClippedLines() {
 void RegisterGlyphs(Scene& scene) {
     constexpr unsigned kCodes = 1024;
     for (unsigned count = 1; count <= kCodes; count *= 4) {
-        Register("glyphs draw", count, kCodes, [&scene, count] {
+        RegisterPlace("glyphs draw", count, kCodes, [&scene, count] {
             const Surface to = Over(Memory(), 1024, 1024);
             const auto cache = std::make_shared<GfxFontCache>();
             cache->OpenFace(scene.FontPath(), 16, true);
@@ -170,7 +127,7 @@ void RegisterGlyphs(Scene& scene) {
 /// A second core that draws when told and reports when done.
 class Helper {
 public:
-    explicit Helper(Pass draw) : thread_([this, draw] { Serve(draw); }) {}
+    explicit Helper(Work draw) : thread_([this, draw] { Serve(draw); }) {}
     ~Helper() {
         Tell(kStop);
         thread_.join();
@@ -188,7 +145,7 @@ private:
         state_.store(state);
         state_.notify_all();
     }
-    void Serve(const Pass& draw) {
+    void Serve(const Work& draw) {
         for (;;) {
             state_.wait(kIdle);
             if (state_.load() == kStop) return;
@@ -208,7 +165,7 @@ void RegisterStrips() {
         const unsigned start = firstRow * kScreenWidth;
         const Surface to = Over(Memory() + start, kScreenWidth, rows);
         const Surface from = Over(SourceMemory() + start, kScreenWidth, rows);
-        return Pass([=] {
+        return Work([=] {
             if (fill) {
                 to->RectFill(0, 0, kScreenWidth, rows, kColor);
             } else {
@@ -223,18 +180,33 @@ void RegisterStrips() {
         const auto halves = [=] {
             const unsigned half = kScreenHeight / 2;
             const auto helper = std::make_shared<Helper>(strip(half, half, fill));
-            return Pass([helper, upper = strip(0, half, fill)] {
+            return Work([helper, upper = strip(0, half, fill)] {
                 helper->Start();
                 upper();
                 helper->Wait();
             });
         };
-        Register(series, 1, items, whole, true);
-        Register(series, 2, items, halves, true);
+        RegisterPlace(series, 1, items, whole, true);
+        RegisterPlace(series, 2, items, halves, true);
     }
 }
 
 }  // namespace
+
+void RegisterPlace(const std::string& series, unsigned x, double items,
+                   const std::function<Work()>& prepare, bool wallClock, double seconds) {
+    const std::string name = "growth " + series + " " + std::to_string(x) + "/gfx";
+    benchmark::internal::Benchmark* const registered =
+        benchmark::RegisterBenchmark(name.c_str(), [prepare, items](benchmark::State& state) {
+            const Work pass = prepare();
+            pass();
+            for (auto _ : state)
+                pass();
+            state.counters["items"] = items;
+        });
+    if (wallClock) registered->UseRealTime();
+    if (seconds > 0) registered->MinTime(seconds);
+}
 
 void RegisterGrowth(Scene& scene) {
     RegisterAreas();

@@ -20,7 +20,17 @@ struct Library {
     std::function<void()> select = [] {};  ///< called before each run, untimed
 };
 
+/// Whether a library is ours with the kernels for an older processor.
+inline bool IsOlderTable(const Library& library) { return library.name.starts_with("gfx-"); }
+
 Library MakeLimit(Scene& scene);
+Library MakeStretch(Scene& scene);
+
+/// Whether a library only shows what the memory costs and draws no picture worth comparing.
+inline bool IsLimit(const Library& library) {
+    return library.name == "limit" || library.name == "stretch";
+}
+
 Library MakeOurs(Scene& scene, const std::string& name);
 Library MakePixman(Scene& scene);
 Library MakeCairo(Scene& scene);

@@ -1,11 +1,9 @@
-// The cheapest loop over the same bytes: what the memory and one pass over it cost, whatever the
-// arithmetic. Fills are memset, copies memcpy (in one stretch where the rows follow each other
-// without a gap), conversions narrow or widen without rounding, blends read and write by xor, lines
-// are unclipped integer steps, cold text is the font engine alone. Built for the processor at hand.
+// The cheapest loop over the same bytes, row by row: what the memory and one pass over it cost,
+// whatever the arithmetic. Fills are memset, copies memcpy, conversions narrow or widen without
+// rounding, blends read and write by xor, lines are unclipped integer steps, cold text is the font
+// engine alone. Built for the processor at hand.
 #include <cstdlib>
 #include <cstring>
-#include <utility>
-#include <vector>
 
 #include "limit.h"
 
@@ -16,8 +14,8 @@ namespace {
 /// Calls `draw(target row, source row, width)` for each row of each rectangle. Small sides are
 /// constants, as they would be in the tightest loop for them.
 template <typename To, typename From, int kSide, typename Draw>
-Work ForRowsOfSide(const Image& to, const Image& from, std::vector<Spot> spots, Draw draw) {
-    return [to, from, spots, draw] {
+Work ForRowsOfSide(const Image& to, const Image& from, const std::vector<Spot>& spots, Draw draw) {
+    return [to, from, &spots, draw] {
         for (const Spot& spot : spots) {
             const int width = kSide != 0 ? kSide : spot.width;
             const int height = kSide != 0 ? kSide : spot.height;
@@ -31,35 +29,11 @@ Work ForRowsOfSide(const Image& to, const Image& from, std::vector<Spot> spots, 
 }
 
 template <typename To, typename From, typename Draw>
-Work ForRows(const Image& to, const Image& from, std::vector<Spot> spots, Draw draw) {
+Work ForRows(const Image& to, const Image& from, const std::vector<Spot>& spots, Draw draw) {
     const int side = spots.front().width;
-    if (side == 1) return ForRowsOfSide<To, From, 1>(to, from, std::move(spots), draw);
-    if (side == 16) return ForRowsOfSide<To, From, 16>(to, from, std::move(spots), draw);
-    return ForRowsOfSide<To, From, 0>(to, from, std::move(spots), draw);
-}
-
-/// A rectangle as wide as its pictures is a single row of all its pixels.
-std::vector<Spot> InOneStretch(const Image& to, const Image& from, std::vector<Spot> spots) {
-    for (Spot& spot : spots) {
-        if (spot.width == 1 || spot.width != to.width || spot.width != from.width) continue;
-        spot.width *= spot.height;
-        spot.height = 1;
-    }
-    return spots;
-}
-
-struct ConvertRow {
-    template <typename To, typename From>
-    void operator()(To* __restrict to, const From* __restrict from, int width) const {
-        for (int x = 0; x < width; ++x)
-            to[x] = static_cast<To>(from[x]);
-    }
-};
-
-template <typename To>
-void XorColor(To* to, int width) {
-    for (int x = 0; x < width; ++x)
-        to[x] = static_cast<To>(to[x] ^ 0x55);
+    if (side == 1) return ForRowsOfSide<To, From, 1>(to, from, spots, draw);
+    if (side == 16) return ForRowsOfSide<To, From, 16>(to, from, spots, draw);
+    return ForRowsOfSide<To, From, 0>(to, from, spots, draw);
 }
 
 Work MakeFill(Scene& scene, const Row& row) {
@@ -71,10 +45,9 @@ Work MakeFill(Scene& scene, const Row& row) {
             return ForRows<To, To>(target, target, spots,
                                    [](To* to, const To*, int width) { XorColor(to, width); });
         }
-        return ForRows<To, To>(target, target, InOneStretch(target, target, spots),
-                               [](To* to, const To*, int width) {
-                                   std::memset(to, 0x55, sizeof(To) * static_cast<unsigned>(width));
-                               });
+        return ForRows<To, To>(target, target, spots, [](To* to, const To*, int width) {
+            std::memset(to, 0x55, sizeof(To) * static_cast<unsigned>(width));
+        });
     });
 }
 
@@ -89,10 +62,8 @@ Work MakeMask(Scene& scene, const Row& row) {
 Work MakeCopy(Scene& scene, const Row& row) {
     return ForFormat(row.target, [&](auto pixel) {
         using To = decltype(pixel);
-        const Image target = scene.Target(row);
-        const Image source = scene.Source(row, AlphaForm::kOpaque);
-        return ForRows<To, To>(target, source, InOneStretch(target, source, scene.Spots(row)),
-                               [](To* to, const To* from, int width) {
+        return ForRows<To, To>(scene.Target(row), scene.Source(row, AlphaForm::kOpaque),
+                               scene.Spots(row), [](To* to, const To* from, int width) {
                                    std::memcpy(to, from, sizeof(To) * static_cast<unsigned>(width));
                                });
     });

@@ -21,6 +21,20 @@ Work ForFormat(Format format, Make make) {
     return make(std::uint8_t{});
 }
 
+template <typename To>
+void XorColor(To* to, int width) {
+    for (int x = 0; x < width; ++x)
+        to[x] = static_cast<To>(to[x] ^ 0x55);
+}
+
+struct ConvertRow {
+    template <typename To, typename From>
+    void operator()(To* __restrict to, const From* __restrict from, int width) const {
+        for (int x = 0; x < width; ++x)
+            to[x] = static_cast<To>(from[x]);
+    }
+};
+
 struct XorRow {
     template <typename To, typename From>
     void operator()(To* __restrict to, const From* __restrict from, int width) const {

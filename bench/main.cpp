@@ -20,6 +20,7 @@ std::vector<Library> AllLibraries(Scene& scene) {
     std::vector<Library> libraries = {MakeOurs(scene, "gfx")};
     AddOurTables(&scene, &libraries);
     libraries.push_back(MakeLimit(scene));
+    libraries.push_back(MakeStretch(scene));
 #if defined(GFX_BENCH_PIXMAN)
     libraries.push_back(MakePixman(scene));
 #endif
@@ -41,6 +42,15 @@ std::vector<Library> AllLibraries(Scene& scene) {
     return libraries;
 }
 
+/// What the report needs to know about a row: suite, group, unit, and how wide a rectangle lies.
+std::string LabelOf(const Row& row) {
+    const char* const suite = row.suite == Suite::kMain       ? "main"
+                              : row.suite == Suite::kPictures ? "pictures"
+                                                              : "pitch";
+    const char* const layout = row.FullWidth() ? "full" : row.Scattered() ? "small" : "inside";
+    return std::string(suite) + ";" + row.group + ";" + row.unit + ";" + layout;
+}
+
 void Run(benchmark::State& state, Scene& scene, const Row& row, const Library& library,
          const Work& work) {
     scene.ResetTarget(row);
@@ -51,11 +61,13 @@ void Run(benchmark::State& state, Scene& scene, const Row& row, const Library& l
         benchmark::ClobberMemory();
     }
     state.counters["items"] = row.items;
+    state.SetLabel(LabelOf(row));
 }
 
 void Register(Scene& scene, const std::vector<Library>& libraries) {
     for (const Row& row : AllRows()) {
         for (const Library& library : libraries) {
+            if (row.suite != Suite::kMain && IsOlderTable(library)) continue;  // only checked
             const Work work = library.make(row);
             if (!work) continue;
             // Of the whole process: Qt spreads large areas over threads of its own.

@@ -154,9 +154,12 @@ Work MakePixels(Scene& scene, const Row& row) {
 
 Work MakeDisplay(Scene& scene, const Row& row) {
     const Image display = scene.Target(row);
-    return [source = Over(scene.Source(row, AlphaForm::kOpaque)), display] {
-        source->QuickBltTo565(0, 0, source->DX(), source->DY(), display.data,
-                              static_cast<unsigned>(display.pitch));
+    const Spot& spot = scene.Spots(row).front();
+    return [source = Over(scene.Source(row, AlphaForm::kOpaque)), display, &spot] {
+        source->QuickBltTo565(static_cast<unsigned>(spot.sourceX),
+                              static_cast<unsigned>(spot.sourceY),
+                              static_cast<unsigned>(spot.width), static_cast<unsigned>(spot.height),
+                              display.At(spot.x, spot.y), static_cast<unsigned>(display.pitch));
     };
 }
 

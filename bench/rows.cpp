@@ -113,31 +113,6 @@ void AddOver(std::vector<Row>& rows, const std::string& group, Pattern pattern, 
     }
 }
 
-/// The commonest large rectangles once more, inside wider pictures: there rows end in gaps, and no
-/// library can take them as one stretch.
-void AddInside(std::vector<Row>& rows) {
-    const auto add = [&](const char* group, Operation operation, Format source, Format target) {
-        for (Extent size : {kCached, kScreen}) {
-            Row row = RectRow(group, operation, size);
-            row.isInside = true;
-            row.surfaceWidth = row.PictureWidth();
-            row.source = source;
-            row.target = target;
-            const bool isPlain = source == target && operation != Operation::kOver;
-            row.name = std::string(group) + " inside " + Name(size) + " " +
-                       (isPlain ? "" : FormatName(source) + ">") + FormatName(target);
-            rows.push_back(row);
-        }
-    };
-    for (Format format : kFormats) {
-        add("fill", Operation::kFill, format, format);
-        add("blend50", Operation::kBlend, format, format);
-        add("copy", Operation::kCopy, format, format);
-    }
-    add("conv", Operation::kConvert, Format::k32, Format::k565);
-    add("over-rand", Operation::kOver, Format::k32, Format::k32);
-}
-
 void AddTilesAndKeys(std::vector<Row>& rows) {
     for (Format format : kFormats) {
         Row row = RectRow("tile64", Operation::kTile, {1024, 1024});
@@ -202,22 +177,6 @@ void AddLines(std::vector<Row>& rows) {
                 if (!half) add(Slope::kAny, 500, true);
             }
         }
-    }
-}
-
-/// Lines once more on a picture whose rows do not lie 4 KiB apart: at that distance they share the
-/// sets of a cache.
-void AddLinesApart(std::vector<Row>& rows) {
-    const std::size_t first = rows.size();
-    for (bool antialias : {false, true}) {
-        for (bool half : {false, true}) {
-            AddLine(rows, Format::k32, antialias, half, Slope::kAny, 500, false);
-            AddLine(rows, Format::k32, antialias, half, Slope::kVertical, 500, false);
-        }
-    }
-    for (std::size_t i = first; i < rows.size(); ++i) {
-        rows[i].surfaceWidth += 16;
-        rows[i].name += " apart";
     }
 }
 
@@ -287,8 +246,7 @@ std::vector<Row> AllRows() {
     AddLines(rows);
     AddText(rows);
     AddPixelsAndDisplay(rows);
-    AddInside(rows);
-    AddLinesApart(rows);
+    AddDerivedRows(rows);
     return rows;
 }
 

@@ -40,21 +40,14 @@ enum class Pattern {
 
 enum class Slope { kAny, kHorizontal, kVertical };
 
-inline constexpr int kSpots = 1024;      ///< rectangles a pass in scattered rows
-inline constexpr int kSegments = 1000;   ///< lines a pass
-inline constexpr int kPoints = 4096;     ///< single pixels a pass
-inline constexpr int kTextGlyphs = 80;   ///< glyphs a pass from a warm cache
-inline constexpr int kColdGlyphs = 224;  ///< glyphs a pass from a face just opened
-inline constexpr int kSheet = 256;       ///< side of the source that small rectangles come from
-inline constexpr int kTile = 64;         ///< side of the tiled source
-inline constexpr int kLeft = 64;         ///< pixels beside a rectangle inside wider pictures:
-inline constexpr int kRight = 80;        ///< the pitch is then no multiple of 4,096
-inline constexpr int kDashOn = 6;        ///< pixels drawn
-inline constexpr int kDashOff = 4;       ///< pixels skipped
+/// Which part of the report a row belongs to. The means over all groups count kMain alone, so that
+/// they stay comparable from one state of the engine to the next.
+enum class Suite { kMain, kPictures, kPitch };
 
 struct Row {
     std::string name;
     std::string group;
+    Suite suite = Suite::kMain;
     Operation operation = Operation::kFill;
     Format target = Format::k32;
     Format source = Format::k32;
@@ -63,7 +56,6 @@ struct Row {
     int height = 0;         ///< of one rectangle
     int surfaceWidth = 0;   ///< of the target
     int surfaceHeight = 0;  ///< of the target
-    bool isInside = false;  ///< one rectangle inside wider pictures, see kLeft and kRight
     double opacity = 1.0;   ///< global opacity of `over`
     int lineLength = 0;     ///< of each line
     Slope slope = Slope::kAny;
@@ -77,15 +69,34 @@ struct Row {
     /// Whether one pass draws many small rectangles instead of one large one.
     bool Scattered() const { return width <= 16; }
 
-    /// The width of the pictures that the rectangles lie in, when these are not scattered.
-    int PictureWidth() const { return isInside ? kLeft + width + kRight : width; }
+    /// Whether one pass draws a rectangle whose rows follow each other without a gap, in the target
+    /// as in the source.
+    bool FullWidth() const {
+        return !Scattered() && width == surfaceWidth && operation != Operation::kTile;
+    }
 };
 
-/// Every row, in the order of the report.
+/// Every row, in the order of the report: those of kMain first.
 std::vector<Row> AllRows();
+
+/// Adds what is derived from the rows of kMain: whole pictures that are missing there, the same
+/// rectangles inside a wider picture, and lines at another distance from row to row.
+void AddDerivedRows(std::vector<Row>& rows);
 
 int BytesPerPixel(Format format);
 std::string FormatName(Format format);
+
+inline constexpr int kSpots = 1024;      ///< rectangles a pass in scattered rows
+inline constexpr int kSegments = 1000;   ///< lines a pass
+inline constexpr int kPoints = 4096;     ///< single pixels a pass
+inline constexpr int kTextGlyphs = 80;   ///< glyphs a pass from a warm cache
+inline constexpr int kColdGlyphs = 224;  ///< glyphs a pass from a face just opened
+inline constexpr int kSheet = 256;       ///< side of the source that small rectangles come from
+inline constexpr int kFreeColumns = 80;  ///< of a wider picture, half of them left of the rectangle
+inline constexpr int kFreeRows = 16;     ///< likewise above and below
+inline constexpr int kTile = 64;         ///< side of the tiled source
+inline constexpr int kDashOn = 6;        ///< pixels drawn
+inline constexpr int kDashOff = 4;       ///< pixels skipped
 
 }  // namespace bench
 

@@ -107,7 +107,7 @@ std::uint8_t GreyLevel() {
 }
 
 Scene::Scene() : fontPath_(std::string(FontDirectory()) + "/DejaVuSans.ttf") {
-    targetMemory_.resize((kLeft + 1920 + kRight) * 1080 * 4);
+    targetMemory_.resize((1920 + kFreeColumns) * (1080 + kFreeRows) * 4);
     Random random(7);
     for (int i = 0; i < kPoints; ++i)
         points_.push_back({Below(random, 1024), Below(random, 1024)});
@@ -154,8 +154,8 @@ const Scene::Words& Scene::Picture(Pattern pattern, int width, int height) {
 
 Image Scene::Source(const Row& row, AlphaForm alpha) {
     const bool tile = row.operation == Operation::kTile;
-    const int width = tile ? kTile : row.Scattered() ? kSheet : row.PictureWidth();
-    const int height = tile ? kTile : row.Scattered() ? kSheet : row.height;
+    const int width = tile ? kTile : row.Scattered() ? kSheet : row.surfaceWidth;
+    const int height = tile ? kTile : row.Scattered() ? kSheet : row.surfaceHeight;
     const int bytes = BytesPerPixel(row.source);
     Bytes& pixels = sources_[{row.pattern, width, height, row.source, alpha}];
     if (pixels.empty()) {
@@ -169,8 +169,8 @@ Image Scene::Source(const Row& row, AlphaForm alpha) {
 }
 
 Image Scene::Mask(const Row& row, MaskForm form) {
-    const int width = row.Scattered() ? kSheet : row.PictureWidth();
-    const int height = row.Scattered() ? kSheet : row.height;
+    const int width = row.Scattered() ? kSheet : row.surfaceWidth;
+    const int height = row.Scattered() ? kSheet : row.surfaceHeight;
     Bytes& bytes = masks_[{row.pattern, width, height, form}];
     if (bytes.empty()) {
         const int turn = form == MaskForm::kTransparency ? 0xFF : 0;
@@ -183,10 +183,10 @@ Image Scene::Mask(const Row& row, MaskForm form) {
 
 const std::vector<Spot>& Scene::Spots(const Row& row) {
     std::vector<Spot>& spots = spots_[{row.width, row.height, row.surfaceWidth, row.surfaceHeight}];
-    const int left = row.isInside ? kLeft : 0;
     if (!spots.empty()) return spots;
     if (!row.Scattered()) {
-        spots.push_back({left, 0, row.width, row.height, left, 0});
+        const int x = (row.surfaceWidth - row.width) / 2, y = (row.surfaceHeight - row.height) / 2;
+        spots.push_back({x, y, row.width, row.height, x, y});
         return spots;
     }
     Random random(99);
