@@ -13,13 +13,21 @@ void ConvertInOrder(std::uint8_t* to, const std::uint8_t* from, unsigned w) {
     }
 }
 
-/// Calls blit(row of display memory, source row) for each row: display memory has a pitch and no
-/// row table.
+/// Calls blit(row of display memory, source row, pixels) for each row, or for all as one: display
+/// memory has a pitch and no row table.
 template <class Blit>
-void BlitRows(PixelRows from, unsigned h, void* dest, unsigned destPitch, Blit blit) {
+void BlitRows(const gfx::RectRows& from, unsigned w, unsigned h, void* dest, unsigned destPitch,
+              Blit blit) {
+    auto* const display = static_cast<std::uint8_t*>(dest);
+    const gfx::SingleRow row{display};
+    const gfx::RectRows first{row, sizeof(std::uint16_t)};
+    if (destPitch == w * first.pixelBytes && IsOneRun(from, w, h) &&
+        AreRunsApart(first, from, std::size_t{w} * h)) {
+        return blit(first.rows, from.rows, w * h);
+    }
     for (unsigned j = 0; j < h; ++j) {
-        std::uint8_t* row = static_cast<std::uint8_t*>(dest) + std::size_t{j} * destPitch;
-        blit(PixelRows{&row, 0}, PixelRows{from.lines + j, from.x});
+        blit(gfx::SingleRow{display + std::size_t{j} * destPitch},
+             PixelRows{from.rows.lines + j, from.rows.x}, w);
     }
 }
 
@@ -40,8 +48,9 @@ void GfxSurface::QuickBltTo565(unsigned int x, unsigned int y, unsigned int w, u
     const gfx::SurfaceView view{*this};
     gfx::WithFormat(view.Format(), [&](auto format) {
         if constexpr (gfx::KeepsColor(format)) {
-            BlitRows(view.Rows(x, y), h, dest, destPitch,
-                     [=](PixelRows to, PixelRows from) { RowTo565(format, to, from, w); });
+            BlitRows(
+                view.RowsOf(x, y), w, h, dest, destPitch,
+                [=](PixelRows to, PixelRows from, unsigned n) { RowTo565(format, to, from, n); });
         }
     });
 }
@@ -53,8 +62,9 @@ void GfxSurface::QuickBltTo555(unsigned int x, unsigned int y, unsigned int w, u
     gfx::WithFormat(view.Format(), [&](auto format) {
         if constexpr (gfx::KeepsColor(format)) {
             const auto toDisplay555 = view.KernelsOfPixels().toDisplay555;
-            BlitRows(view.Rows(x, y), h, dest, destPitch,
-                     [=](PixelRows to, PixelRows from) { toDisplay555(to, from, w, 1); });
+            BlitRows(
+                view.RowsOf(x, y), w, h, dest, destPitch,
+                [=](PixelRows to, PixelRows from, unsigned n) { toDisplay555(to, from, n, 1); });
         }
     });
 }

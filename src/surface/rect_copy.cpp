@@ -48,21 +48,18 @@ StoredKey StoredKeyOf(PixelFormat format, std::uint32_t key, std::uint32_t surfa
     const WriteStep step = key.exists ? WriteStep{nullptr, own.fromWordsKeyed, to.Key(), true}
                                       : WriteStep{own.fromWords};
     if (source == target && !key.exists) {
-        if (!transfer.wraps) {
-            return own.copy(transfer.Target(), transfer.Source(), rect.w, rect.h,
-                            transfer.RunsUpwards());
-        }
+        if (!transfer.wraps) return transfer.Copy();
         if (transfer.AreRowsApart()) return transfer.CopyTiles(own);
     }
     if (transfer.wraps || transfer.RunsUpwards()) return transfer.ThroughScratchRow(step);
 
     unsigned done = 0;
     if (source == target) {
-        done = own.copyKeyed(transfer.Target(), transfer.Source(), rect.w, rect.h, key.pixel);
+        done = transfer.Directly(own.copyKeyed, key.pixel);
     } else if (source == PixelFormat::Color32) {
-        done = step(transfer.Target(), transfer.Source(), rect.w, rect.h);
+        done = transfer.Directly(step);
     } else if (target == PixelFormat::Color32 && !key.exists) {
-        done = kernels[source].toWords(transfer.Target(), transfer.Source(), rect.w, rect.h, alpha);
+        done = transfer.Directly(kernels[source].toWords, alpha);
     }
     if (done < rect.h) transfer.ThroughScratchRow(step, done);
 }
@@ -97,8 +94,7 @@ void GfxSurface::RectCopy(int x, int y, unsigned int w, unsigned int h, int srcX
     Transfer transfer{to, from, {x, y, w, h, srcX, srcY}};
     if (!transfer.Frame(false)) return;
     empty = false;
-    gfx::Kernels()[format].copy(transfer.Target(), transfer.Source(), transfer.rect.w,
-                                transfer.rect.h, transfer.RunsUpwards());
+    transfer.Copy();
 }
 
 void GfxSurface::RectBlend(int x, int y, unsigned int w, unsigned int h, int srcX, int srcY,

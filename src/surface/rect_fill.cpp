@@ -10,6 +10,14 @@ using gfx::SurfaceView;
 
 namespace {
 
+/// Runs a kernel on a clipped rectangle.
+inline void Update(void (*kernel)(PixelRows to, unsigned w, unsigned h, std::uint32_t color),
+                   const SurfaceView& view, const ClippedRect& rect, std::uint32_t color) {
+    const gfx::RectRows to = view.RowsOf(rect.x, rect.y);
+    if (IsOneRun(to, rect.w, rect.h)) return kernel(to.rows, rect.w * rect.h, 1, color);
+    kernel(to.rows, rect.w, rect.h, color);
+}
+
 /// How a mask gives one transparency a pixel. Decided by exact depth.
 enum class MaskKind { None, Bytes, AlphaOfWords };
 
@@ -44,7 +52,7 @@ void GfxSurface::RectFill(int x, int y, unsigned int w, unsigned int h, unsigned
     empty = false;
     const PixelFormat format = view.Format();
     if (format == PixelFormat::None) return;
-    gfx::Kernels()[format].fill(view.Rows(rect.x, rect.y), rect.w, rect.h, color);
+    Update(gfx::Kernels()[format].fill, view, rect, color);
 }
 
 void GfxSurface::RectFillBlend(int x, int y, unsigned int w, unsigned int h, unsigned int color) {
@@ -57,7 +65,7 @@ void GfxSurface::RectFillBlend(int x, int y, unsigned int w, unsigned int h, uns
     empty = false;
     const PixelFormat format = view.Format();
     if (a == 255 || format == PixelFormat::None) return;
-    gfx::Kernels()[format].blendColor(view.Rows(rect.x, rect.y), rect.w, rect.h, color);
+    Update(gfx::Kernels()[format].blendColor, view, rect, color);
 }
 
 void GfxSurface::RectFillBlend(int x, int y, unsigned int w, unsigned int h, unsigned int color,
@@ -74,17 +82,23 @@ void GfxSurface::RectFillBlend(int x, int y, unsigned int w, unsigned int h, uns
     if (kind == MaskKind::None || format == PixelFormat::None || gfx::AlphaOf(color) == 255) return;
 
     const gfx::FormatKernels& kernels = gfx::Kernels()[format];
-    const PixelRows to = view.Rows(rect.x, rect.y);
+    const gfx::RectRows to = view.RowsOf(rect.x, rect.y);
     unsigned done = 0;
     if (rect.srcX >= 0 && rect.srcY >= 0) {
         const auto blend = kind == MaskKind::Bytes ? kernels.blendMask8 : kernels.blendMask32;
-        done = blend(to, from.Rows(rect.srcX, rect.srcY), rect.w, rect.h, color);
+        const gfx::RectRows masks = from.RowsOf(rect.srcX, rect.srcY);
+        if (AreOneRun(to, masks, rect.w, rect.h)) {
+            blend(to.rows, masks.rows, rect.w * rect.h, 1, color);
+            return;
+        }
+        done = blend(to.rows, masks.rows, rect.w, rect.h, color);
     }
     // What is left repeats the mask, or shares memory with it: row by row through colour words.
     for (; done < rect.h; ++done) {
         const unsigned maskRow = gfx::WrapPosition(rect.srcY + done, mask->dy);
         BuildMaskedRow(rgbLine, from.Row(maskRow), kind, mask->dx,
                        gfx::WrapPosition(rect.srcX, mask->dx), rect.w, color);
-        kernels.blendWords({to.lines + done, to.x}, gfx::SingleRow{view.ScratchRow()}, rect.w, 1);
+        kernels.blendWords({to.rows.lines + done, to.rows.x}, gfx::SingleRow{view.ScratchRow()},
+                           rect.w, 1);
     }
 }

@@ -23,7 +23,7 @@ bool AreInOrder(PixelRows rows, unsigned h, std::size_t distance) {
 void Transfer::WriteWords(const WriteStep& step) const {
     unsigned done = 0;
     if (from.Format() == PixelFormat::Color32 && !wraps && !RunsUpwards()) {
-        done = step(Target(), Source(), rect.w, rect.h);
+        done = Directly(step);
     }
     if (done < rect.h) ThroughScratchRow(step, done);
 }

@@ -45,6 +45,22 @@ struct Transfer {
     PixelRows Target(unsigned row = 0) const { return to.Rows(rect.x, std::int64_t{rect.y} + row); }
     PixelRows Source() const { return from.Rows(rect.srcX, rect.srcY); }
 
+    /// Runs a kernel on all rows, as one where they are one run.
+    /// @return the rows done, see FormatKernels.
+    template <class PairKernel, class... Value>
+    unsigned Directly(const PairKernel& kernel, Value... value) const {
+        const RectRows target = to.RowsOf(rect.x, rect.y);
+        const RectRows source = from.RowsOf(rect.srcX, rect.srcY);
+        if (!AreOneRun(target, source, rect.w, rect.h)) {
+            return kernel(target.rows, source.rows, rect.w, rect.h, value...);
+        }
+        kernel(target.rows, source.rows, rect.w * rect.h, 1, value...);
+        return rect.h;
+    }
+
+    /// Copies within one format, whatever memory the two share.
+    void Copy() const;
+
     /// Runs the step on rows of colour words: in place where the source holds such words, and
     /// otherwise, or where the two share memory, through the scratch row.
     void WriteWords(const WriteStep& step) const;
@@ -58,12 +74,36 @@ struct Transfer {
     /// needs rows that are apart.
     void CopyTiles(const FormatKernels& kernels) const;
 
+    /// Whether runs of one format come out as their rows do.
+    bool CopiesAlike(const RectRows& target, const RectRows& source, bool isUpwards) const;
+
     /// Whether no row of the target shares memory with another or with a row of the source. Rows
     /// that lie in another order than their own count as not apart.
     bool AreRowsApart() const;
 };
 
 // Inline, because small rectangles feel a call.
+
+inline void Transfer::Copy() const {
+    const RectRows target = to.RowsOf(rect.x, rect.y);
+    const RectRows source = from.RowsOf(rect.srcX, rect.srcY);
+    const bool isUpwards = RunsUpwards();
+    const auto copy = Kernels()[to.Format()].copy;
+    if (!IsOneRun(target, rect.w, rect.h) || !IsOneRun(source, rect.w, rect.h) ||
+        !CopiesAlike(target, source, isUpwards)) {
+        return copy(target.rows, source.rows, rect.w, rect.h, isUpwards);
+    }
+    copy(target.rows, source.rows, rect.w * rect.h, 1, false);
+}
+
+// One run comes out as its rows do where it is apart from the other one, or where each byte is
+// still read before it is written.
+inline bool Transfer::CopiesAlike(const RectRows& target, const RectRows& source,
+                                  bool isUpwards) const {
+    return AreRunsApart(target, source, std::size_t{rect.w} * rect.h) ||
+           (isUpwards ? target.Start() >= source.Start() : target.Start() <= source.Start());
+}
+
 inline bool Transfer::Frame(bool tile) {
     if (!ClipRectToBounds(rect, to.Clip())) return false;
     const unsigned width = from.surface.DX();

@@ -8,6 +8,7 @@
 #include <cstring>
 
 #include "surface/clip.h"
+#include "surface/one_run.h"
 #include "surface/rows/row_dispatch.h"
 
 namespace gfx {
@@ -92,6 +93,7 @@ struct SurfaceView {
     PixelRows Rows(std::int64_t x, std::int64_t y) const {
         return {surface.lines + y, static_cast<std::size_t>(x)};
     }
+    RectRows RowsOf(std::int64_t x, std::int64_t y) const { return {Rows(x, y), BytesOfPixels(1)}; }
     std::uint8_t* ScratchRow() const { return reinterpret_cast<std::uint8_t*>(surface.rgbLine); }
 
     /// Bytes of a run of pixels.

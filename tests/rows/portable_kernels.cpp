@@ -2,15 +2,6 @@
 #include "surface/rows/lanes_portable.h"
 #include "surface/rows/make_kernels.h"
 
-namespace {
-
-struct PortableVectors {
-    using Wide = gfx::PortableLanes;
-    using Narrow = gfx::PortableLanes;
-};
-
-}  // namespace
-
 extern const gfx::RowKernels kRowKernelsPortable;
 constinit const gfx::RowKernels kRowKernelsPortable =
-    gfx::MakeRowKernels<PortableVectors>("portable");
+    gfx::MakeRowKernels<gfx::PortableLanes>("portable");

@@ -31,7 +31,6 @@ struct BlockKernels {
             WalkRows<L, Raw>(rows, w, h, [&](const auto&, auto) { return pattern; });
             return;
         }
-        rows.Join(w, h);
         for (unsigned j = 0; j < h; ++j) {
             FillLong<L, Raw::kUnit>(rows[j].to, BytesOf<Format>(w), pattern);
         }
@@ -70,14 +69,12 @@ struct BlockKernels {
         });
     }
 
-    /// Rows that overlap are copied as one where each byte is still read before it is written: on
-    /// the way that the rows run.
+    /// Short rows as in Fill.
     static void Copy(PixelRows to, PixelRows from, unsigned w, unsigned h, bool upwards) {
-        if (w == 0 || h == 0) return;
+        if (L::kBytes == 32 && BytesOf<Format>(w) <= 32) {
+            return BlockKernels<kFormat, BaselineLanes>::Copy(to, from, w, h, upwards);
+        }
         const RowPairs<Format, Format> rows{to, from};
-        const bool areReadInTime =
-            upwards ? rows[0].to >= rows[0].from : rows[0].to <= rows[0].from;
-        rows.Join(w, h, areReadInTime);
         WithCopy<L>(BytesOf<Format>(w), [&](auto copy) {
             unsigned j = upwards ? h - 1 : 0;
             for (unsigned i = 0; i < h; ++i) {

@@ -5,6 +5,7 @@
 
 #include <concepts>
 #include <cstdint>
+#include <type_traits>
 
 #include "surface/rows/mix_lanes.h"
 #include "surface/rows/raw_pixels.h"
@@ -37,8 +38,9 @@ concept Vectors = requires(typename L::U8 bytes, typename L::U16 halves, typenam
     requires sizeof(typename L::Raw) == L::kBytes;
     requires L::kHalves == L::kBytes / 2 && L::kWords == L::kBytes / 4;
 
-    // Whether rows shorter than a block can be moved. A table's narrow vectors can.
+    // Whether rows shorter than a block can be moved, and whether they are moved under masks.
     requires std::same_as<decltype(L::kTakesShortRows), const bool>;
+    requires std::same_as<decltype(L::kHasMasks), const bool>;
 
     // Whether MulHigh is one instruction.
     requires std::same_as<decltype(L::kHasFastMulHigh), const bool>;
@@ -82,7 +84,9 @@ concept Vectors = requires(typename L::U8 bytes, typename L::U16 halves, typenam
     // May be missing: Indices() counts halves from 0, Lookup(table, indices) and Lookup(low,
     // high, indices) give each half's entry in a table of one register or two.
 }
-&&MovesPixels<L, All> && (!L::kTakesShortRows || MovesPixels<L, Ends<L::kBytes / 4>>);
+&&MovesPixels<L, All> &&
+    (!L::kTakesShortRows ||
+     MovesPixels<L, std::conditional_t<L::kHasMasks, Some, Ends<L::kBytes / 4>>>);
 
 /// How a format mixes under weights of either kind.
 template <class F, class Weights>

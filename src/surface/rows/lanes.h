@@ -1,9 +1,10 @@
 // What every set of vector wrappers shares: which of a row's pixels a block holds, and moving a few
 // bytes to and from a register without reading or writing beyond them.
 //
-// A block is one vector register's worth of pixels. Wrappers take `All` for a whole block, and
-// `Ends` for a row shorter than a block. Lanes without a pixel have any value and are not stored.
-// What a set of wrappers must offer, and what each member means, stands in contracts.h.
+// A block is one vector register's worth of pixels. Wrappers take `All` for a whole block and, for
+// a row shorter than a block, `Some` where they move under masks, else `Ends`. Lanes without a
+// pixel have any value and are not stored. What a set of wrappers must offer, and what each member
+// means, stands in contracts.h.
 //
 // Unnamed namespace: see pixel_format.h.
 #ifndef GFX_SURFACE_ROWS_LANES_H
@@ -16,6 +17,11 @@ namespace gfx {
 namespace {
 
 struct All {};
+
+/// The first n pixels, at least one.
+struct Some {
+    unsigned n;
+};
 
 /// The first k and the last k of n pixels, side by side: k <= n <= 2 k, so that they hold all of
 /// them. What stands in both comes out the same in both, since a pixel's result depends on nothing
@@ -32,7 +38,6 @@ struct Ends {
     }
 };
 
-/// Calls use(count) for the n pixels, 0 < n < kPixels, of a row shorter than a block.
 template <unsigned kPixels, class Use>
 inline auto UseEnds(unsigned n, Use use) {
     constexpr unsigned kHalf = kPixels / 2;
@@ -42,10 +47,14 @@ inline auto UseEnds(unsigned n, Use use) {
     return use(Ends<kHalf>{n});
 }
 
-/// The same, or for all pixels of a block.
-template <unsigned kPixels, class Use>
+/// Calls use(count) for the n pixels, 0 < n <= kPixels, of a row that one block holds.
+template <class L, unsigned kPixels, class Use>
 inline auto UseOneBlock(unsigned n, Use use) {
-    return n < kPixels ? UseEnds<kPixels>(n, use) : use(All{});
+    if constexpr (L::kHasMasks) {
+        return use(Some{n});
+    } else {
+        return n < kPixels ? UseEnds<kPixels>(n, use) : use(All{});
+    }
 }
 
 template <class T>
@@ -93,13 +102,14 @@ inline void StoreRuns(std::uint8_t* first, std::uint8_t* last, std::uint64_t run
 
 /// The vector types of a register, and plain loads and stores of bytes, 16-bit halves and 32-bit
 /// words. Arithmetic on the types is the compiler's own; it wraps. `Register` moves all of its
-/// bytes, or two runs of them, between memory and the intrinsics' type.
+/// bytes, and a few units or two runs of them, between memory and the intrinsics' type.
 template <class Register>
 struct BasicLanes {
     static constexpr unsigned kBytes = Register::kBytes;
     static constexpr unsigned kHalves = kBytes / 2;
     static constexpr unsigned kWords = kBytes / 4;
     static constexpr bool kTakesShortRows = Register::kTakesShortRows;
+    static constexpr bool kHasMasks = Register::kHasMasks;
     static constexpr bool kHasFastMulHigh = Register::kHasFastMulHigh;
     typedef std::uint8_t U8 __attribute__((vector_size(kBytes)));
     typedef std::uint16_t U16 __attribute__((vector_size(kBytes)));
@@ -119,12 +129,21 @@ struct BasicLanes {
         return Register::template LoadTwo<kUnit * k>(p, ends.template Last<kUnit>(p));
     }
     template <unsigned kUnit>
+    static Raw Load(const std::uint8_t* p, Some some) {
+        return Register::template LoadFirst<kUnit>(p, some.n);
+    }
+    template <unsigned kUnit>
     static void Store(std::uint8_t* p, Raw v, All) {
         Register::Store(p, v);
     }
     template <unsigned kUnit, unsigned k>
     static void Store(std::uint8_t* p, Raw v, Ends<k> ends) {
         Register::template StoreTwo<kUnit * k>(p, ends.template Last<kUnit>(p), v);
+    }
+
+    template <unsigned kUnit>
+    static void Store(std::uint8_t* p, Raw v, Some some) {
+        Register::template StoreFirst<kUnit>(p, some.n, v);
     }
 
     template <class Count>

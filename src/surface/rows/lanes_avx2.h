@@ -14,6 +14,7 @@ namespace {
 struct Register256 {
     static constexpr unsigned kBytes = 32;
     static constexpr bool kTakesShortRows = true;
+    static constexpr bool kHasMasks = false;
     static constexpr bool kHasFastMulHigh = true;
     using Raw = __m256i;
 
@@ -41,15 +42,27 @@ struct Register256 {
             Register128::StoreTwo<kRun>(first, last, low);
         }
     }
+
+    /// Up to 16 bytes.
+    template <class Count>
+    static __m128i LoadHalf(const std::uint8_t* p, Count count) {
+        return Lanes128::Load<1>(p, count);
+    }
+    template <class Count>
+    static void StoreHalf(std::uint8_t* p, __m128i v, Count count) {
+        Lanes128::Store<1>(p, v, count);
+    }
 };
 
-struct Lanes256 : BasicLanes<Register256> {
-    static U16 LoadBytesAsHalves(const std::uint8_t* p, All) {
-        return AsHalves(_mm256_cvtepu8_epi16(Register128::Load(p)));
-    }
-    template <unsigned k>
-    static U16 LoadBytesAsHalves(const std::uint8_t* p, Ends<k> ends) {
-        return AsHalves(_mm256_cvtepu8_epi16(Lanes128::Load<1>(p, ends)));
+template <class Register>
+struct Avx2Lanes : BasicLanes<Register> {
+    using Base = BasicLanes<Register>;
+    using Base::AsHalves, Base::AsRaw, Base::AsWords, Base::SplatHalf, Base::SplatWord;
+    using typename Base::U16, typename Base::U32;
+
+    template <class Count>
+    static U16 LoadBytesAsHalves(const std::uint8_t* p, Count count) {
+        return AsHalves(_mm256_cvtepu8_epi16(Register::LoadHalf(p, count)));
     }
     template <class Count>
     static U16 LoadBytesAsUpper(const std::uint8_t* p, Count count) {
@@ -60,12 +73,9 @@ struct Lanes256 : BasicLanes<Register256> {
     static U32 LoadBytesFourTimes(const std::uint8_t* p, Count count) {
         return AsWords(Shuffle(LoadEightTwice(p, count), WordIndices() * 0x01010101U));
     }
-    static void StoreHalvesAsBytes(std::uint8_t* p, U16 v, All) {
-        Register128::Store(p, NarrowHalves(v));
-    }
-    template <unsigned k>
-    static void StoreHalvesAsBytes(std::uint8_t* p, U16 v, Ends<k> ends) {
-        Lanes128::Store<1>(p, NarrowHalves(v), ends);
+    template <class Count>
+    static void StoreHalvesAsBytes(std::uint8_t* p, U16 v, Count count) {
+        Register::StoreHalf(p, NarrowHalves(v), count);
     }
 
     static U16 TopBytes(U32 words) {
@@ -114,9 +124,9 @@ private:
     static __m256i LoadEightTwice(const std::uint8_t* p, All) {
         return _mm256_set1_epi64x(LoadAs<long long>(p));
     }
-    template <unsigned k>
-    static __m256i LoadEightTwice(const std::uint8_t* p, Ends<k> ends) {
-        return _mm256_broadcastq_epi64(Lanes128::Load<1>(p, ends));
+    template <class Count>
+    static __m256i LoadEightTwice(const std::uint8_t* p, Count count) {
+        return _mm256_broadcastq_epi64(Register::LoadHalf(p, count));
     }
     // AVX2 packs each half of the register by itself: the quarters come out as 0, 2, 1, 3.
     static U16 InOrder(__m256i v) { return AsHalves(_mm256_permute4x64_epi64(v, 0xD8)); }
@@ -125,6 +135,8 @@ private:
         return _mm256_castsi256_si128(_mm256_permute4x64_epi64(packed, 0xD8));
     }
 };
+
+using Lanes256 = Avx2Lanes<Register256>;
 
 }  // namespace
 }  // namespace gfx

@@ -1,10 +1,12 @@
-// 512-bit vectors with AVX-512 F, BW and VL, for rows longer than a block. Shorter ones take
-// 256-bit vectors, which need no masks.
+// 512-bit vectors with AVX-512 F, BW and VL for rows longer than a block, and 256-bit ones that
+// move the pixels of shorter rows under masks: wider ones would meet the end of a cache line too
+// often.
 #ifndef GFX_SURFACE_ROWS_LANES_AVX512_H
 #define GFX_SURFACE_ROWS_LANES_AVX512_H
 
 // g++ 12 warns of uninitialised values inside its own header where a conversion has no mask.
 #if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC diagnostic ignored "-Wuninitialized"
 #pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
 #endif
 #include <immintrin.h>
@@ -14,9 +16,66 @@
 namespace gfx {
 namespace {
 
+/// Loads and stores of 32 bytes, or of the first few units of these.
+struct MaskedRegister256 {
+    static constexpr unsigned kBytes = 32;
+    static constexpr bool kTakesShortRows = true;
+    static constexpr bool kHasMasks = true;
+    static constexpr bool kHasFastMulHigh = true;
+    using Raw = __m256i;
+
+    static Raw Load(const std::uint8_t* p) { return Register256::Load(p); }
+    static void Store(std::uint8_t* p, Raw v) { Register256::Store(p, v); }
+
+    template <unsigned kUnit>
+    static Raw LoadFirst(const std::uint8_t* p, unsigned n) {
+        static_assert(kUnit == 1 || kUnit == 2 || kUnit == 4);
+        if constexpr (kUnit == 1) return _mm256_maskz_loadu_epi8(First<__mmask32>(n), p);
+        if constexpr (kUnit == 2) return _mm256_maskz_loadu_epi16(First<__mmask16>(n), p);
+        if constexpr (kUnit == 4) return _mm256_maskz_loadu_epi32(First<__mmask8>(n), p);
+    }
+    template <unsigned kUnit>
+    static void StoreFirst(std::uint8_t* p, unsigned n, Raw v) {
+        static_assert(kUnit == 1 || kUnit == 2 || kUnit == 4);
+        if constexpr (kUnit == 1) _mm256_mask_storeu_epi8(p, First<__mmask32>(n), v);
+        if constexpr (kUnit == 2) _mm256_mask_storeu_epi16(p, First<__mmask16>(n), v);
+        if constexpr (kUnit == 4) _mm256_mask_storeu_epi32(p, First<__mmask8>(n), v);
+    }
+
+    static __m128i LoadHalf(const std::uint8_t* p, All) { return Register128::Load(p); }
+    static __m128i LoadHalf(const std::uint8_t* p, Some some) {
+        return _mm_maskz_loadu_epi8(First<__mmask16>(some.n), p);
+    }
+    static void StoreHalf(std::uint8_t* p, __m128i v, All) { Register128::Store(p, v); }
+    static void StoreHalf(std::uint8_t* p, __m128i v, Some some) {
+        _mm_mask_storeu_epi8(p, First<__mmask16>(some.n), v);
+    }
+
+private:
+    /// The lowest n bits.
+    template <class Mask>
+    static Mask First(unsigned n) {
+        return static_cast<Mask>((std::uint64_t{1} << n) - 1);
+    }
+};
+
+struct MaskedLanes256 : Avx2Lanes<MaskedRegister256> {
+    static U16 PackLow(U32 a, U32 b) { return Gather(a, b, 0); }
+    static U16 PackHigh(U32 a, U32 b) { return Gather(a, b, 1); }
+
+private:
+    /// The halves start, start + 2, ... of a register pair.
+    static U16 Gather(U32 a, U32 b, std::uint32_t start) {
+        const U16 evens = {0, 2, 4, 6, 8, 10, 12, 14, 16, 18, 20, 22, 24, 26, 28, 30};
+        const U16 indices = evens + static_cast<std::uint16_t>(start);
+        return AsHalves(_mm256_permutex2var_epi16(AsRaw(a), AsRaw(indices), AsRaw(b)));
+    }
+};
+
 struct Register512 {
     static constexpr unsigned kBytes = 64;
     static constexpr bool kTakesShortRows = false;
+    static constexpr bool kHasMasks = false;
     static constexpr bool kHasFastMulHigh = true;
     using Raw = __m512i;
 

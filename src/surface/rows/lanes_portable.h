@@ -13,6 +13,7 @@ typedef std::uint64_t TwoWords64 __attribute__((vector_size(16)));
 struct PortableRegister {
     static constexpr unsigned kBytes = 16;
     static constexpr bool kTakesShortRows = true;
+    static constexpr bool kHasMasks = false;
     static constexpr bool kHasFastMulHigh = false;
     using Raw = TwoWords64;
 

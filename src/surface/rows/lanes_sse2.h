@@ -13,6 +13,7 @@ namespace {
 struct Register128 {
     static constexpr unsigned kBytes = 16;
     static constexpr bool kTakesShortRows = true;
+    static constexpr bool kHasMasks = false;
     static constexpr bool kHasFastMulHigh = true;
     using Raw = __m128i;
 

@@ -61,7 +61,7 @@ template <class L, class Use>
 inline void WithCopy(std::size_t n, Use use) {
     if (n == 0) return;
     if (n <= L::kBytes) {
-        return UseOneBlock<L::kBytes>(static_cast<unsigned>(n), [&](auto count) {
+        return UseOneBlock<L, L::kBytes>(static_cast<unsigned>(n), [&](auto count) {
             use([count](Byte* to, const Byte* from) {
                 L::StoreBytes(to, L::LoadBytes(from, count), count);
             });

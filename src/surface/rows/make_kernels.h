@@ -11,14 +11,11 @@
 namespace gfx {
 namespace {
 
-/// One format's kernels. `Choice` names two sets of vectors, which may be the same: a row that fits
-/// in one wide block takes narrow ones. The choice is made once a rectangle.
-template <PixelFormat kFormat, class Choice>
+/// One format's kernels over two sets of vectors, which may be the same: rows that fit in one wide
+/// block take the narrow ones. That is decided once a rectangle.
+template <PixelFormat kFormat, class Wide, class Narrow>
 struct FormatTable {
-    using Wide = typename Choice::Wide;
-    using Narrow = typename Choice::Narrow;
     static_assert(Narrow::kTakesShortRows);
-
     using W = BlockKernels<kFormat, Wide>;
     using N = BlockKernels<kFormat, Narrow>;
     using Format = typename W::Format;
@@ -38,19 +35,19 @@ struct FormatTable {
                                           : kWide(to, from, w, h, value...);
     }
 
-    /// Of every 16th row a few words are looked at: where most are invisible or opaque, blocks are
-    /// asked for either. Small ones of 32 bits only: too many of 16 pixels hold a rim.
+    /// A few words of every 16th row, or of every stretch of a long one, are looked at: where most
+    /// are invisible or opaque, blocks are asked for either. In 32 bits only, whose blocks are
+    /// small: too many of those of more pixels hold a rim.
     static unsigned BlendWords(PixelRows to, PixelRows from, unsigned w, unsigned h) {
-        constexpr auto blend = PickPair<W::BlendWords, N::BlendWords>;
-        if (kFormat != PixelFormat::Color32 || w < kLeastSampled) return blend(to, from, w, h);
+        if (kFormat != PixelFormat::Color32 || w < kLeastSampled) {
+            return PickPair<W::BlendWords, N::BlendWords>(to, from, w, h);
+        }
+        if (h == 1) return BlendStretches(to, from, w);
         unsigned done = 0;
         while (done < h) {
             const unsigned rows = h - done < kSampledRows ? h - done : kSampledRows;
-            const PixelRows target{to.lines + done, to.x};
-            const PixelRows words{from.lines + done, from.x};
-            const bool isSprite = LooksLikeSprite(*words.lines + BytesOf<Color32>(words.x), w);
-            const unsigned blended = isSprite ? SpriteKernel<Narrow>::Blend(target, words, w, rows)
-                                              : W::BlendWords(target, words, w, rows);
+            const unsigned blended =
+                BlendAlike({to.lines + done, to.x}, {from.lines + done, from.x}, w, rows);
             done += blended;
             if (blended < rows) break;
         }
@@ -60,8 +57,6 @@ struct FormatTable {
     /// Pixel by pixel in their order, whatever memory the two share.
     static unsigned ToDisplay555(PixelRows to, PixelRows from, unsigned w, unsigned h) {
         const RowPairs<Rgb565, Format> rows{to, from};
-        const unsigned all = h;
-        rows.Join(w, h, true);
         for (unsigned j = 0; j < h; ++j) {
             const auto row = rows[j];
             for (std::size_t i = 0; i < w; ++i) {
@@ -69,7 +64,7 @@ struct FormatTable {
                 StorePixel<Rgb565>(row.to, i, (pixel >> 1 & 0x7FE0) | (pixel & 0x001F));
             }
         }
-        return all;
+        return h;
     }
 
     static constexpr FormatKernels Kernels() {
@@ -91,7 +86,24 @@ struct FormatTable {
 
 private:
     static constexpr unsigned kSampledRows = 16;
+    // Pixels; a multiple of a prime, so that samples stand in many columns of usual widths.
+    static constexpr unsigned kSampledStretch = 32 * 1009;
     static constexpr unsigned kLeastSampled = 4 * W::F::kPixels;
+
+    static unsigned BlendStretches(PixelRows to, PixelRows from, unsigned w) {
+        if (RowPairs<Format, Color32>{to, from}[0].SharesMemory(w)) return 0;
+        for (std::size_t x = 0; x < w; x += kSampledStretch) {
+            const std::size_t n = w - x < kSampledStretch ? w - x : kSampledStretch;
+            BlendAlike({to.lines, to.x + x}, {from.lines, from.x + x}, static_cast<unsigned>(n), 1);
+        }
+        return 1;
+    }
+
+    static unsigned BlendAlike(PixelRows to, PixelRows from, unsigned w, unsigned h) {
+        return LooksLikeSprite(*from.lines + BytesOf<Color32>(from.x), w)
+                   ? SpriteKernel<Narrow>::Blend(to, from, w, h)
+                   : W::BlendWords(to, from, w, h);
+    }
 
     /// Whether three of four of 16 colour words along a row are invisible or opaque.
     static bool LooksLikeSprite(const Byte* words, unsigned w) {
@@ -105,12 +117,9 @@ private:
 };
 
 /// Kernels of any form that do nothing: all rows are done.
-template <class Choice>
-struct FormatTable<PixelFormat::None, Choice> {
+template <class Wide, class Narrow>
+struct FormatTable<PixelFormat::None, Wide, Narrow> {
     struct Nothing {
-        template <class Result, class... Args>
-        using Function = Result(Args...);
-
         template <class... Args>
         static void Update(Args...) {}
         template <class... Value>
@@ -119,11 +128,11 @@ struct FormatTable<PixelFormat::None, Choice> {
         }
 
         template <class... Args>
-        constexpr operator Function<void, Args...>&() const {
+        constexpr operator Kernel<void(Args...)>() const {
             return Update<Args...>;
         }
         template <class... Value>
-        constexpr operator Function<unsigned, PixelRows, PixelRows, unsigned, unsigned, Value...>&()
+        constexpr operator Kernel<unsigned(PixelRows, PixelRows, unsigned, unsigned, Value...)>()
             const {
             return Combine<Value...>;
         }
@@ -148,15 +157,26 @@ inline void ScaleAlpha(Byte* words, std::size_t n, Word k) {
     }
 }
 
-template <class Choice, unsigned... formats>
-constexpr RowKernels MakeRowKernels(const char* name, std::integer_sequence<unsigned, formats...>) {
-    return {name, {FormatTable<PixelFormat{formats}, Choice>::Kernels()...}, ScaleAlpha};
+/// Without a branch in the loop, so that it is vectorised.
+inline bool AreApartBy(Byte* const* lines, std::size_t n, std::size_t distance) {
+    std::uintptr_t differences = 0;
+    for (std::size_t j = 1; j < n; ++j)
+        differences |= (AddressOf(lines[j]) - AddressOf(lines[j - 1])) ^ distance;
+    return differences == 0;
 }
 
-/// The table of an instruction set: `Choice` has its vectors as `Wide` and `Narrow`.
-template <class Choice>
+template <class Wide, class Narrow, unsigned... formats>
+constexpr RowKernels MakeTable(const char* name, std::integer_sequence<unsigned, formats...>) {
+    return {name,
+            {FormatTable<PixelFormat{formats}, Wide, Narrow>::Kernels()...},
+            ScaleAlpha,
+            AreApartBy};
+}
+
+/// The table of an instruction set by its vectors.
+template <class Wide, class Narrow = Wide>
 constexpr RowKernels MakeRowKernels(const char* name) {
-    return MakeRowKernels<Choice>(name, std::make_integer_sequence<unsigned, kPixelFormatCount>());
+    return MakeTable<Wide, Narrow>(name, std::make_integer_sequence<unsigned, kPixelFormatCount>());
 }
 
 }  // namespace

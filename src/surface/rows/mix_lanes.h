@@ -115,6 +115,11 @@ struct WordPair {
     static WordPair Load(const std::uint8_t* words, All) {
         return {L::LoadWords(words, All{}), L::LoadWords(words + L::kBytes, All{})};
     }
+    static WordPair Load(const std::uint8_t* words, Some some) {
+        if (some.n <= L::kWords) return {L::LoadWords(words, some), typename L::U32{}};
+        return {L::LoadWords(words, All{}),
+                L::LoadWords(words + L::kBytes, Some{some.n - L::kWords})};
+    }
     template <unsigned k>
     static WordPair Load(const std::uint8_t* words, Ends<k> ends) {
         if constexpr (k < L::kWords) {
@@ -140,6 +145,11 @@ struct WordPair {
     static void Store(std::uint8_t* p, const WordPair& words, All) {
         L::StoreWords(p, words.first, All{});
         L::StoreWords(p + L::kBytes, words.second, All{});
+    }
+    static void Store(std::uint8_t* p, const WordPair& words, Some some) {
+        if (some.n <= L::kWords) return L::StoreWords(p, words.first, some);
+        L::StoreWords(p, words.first, All{});
+        L::StoreWords(p + L::kBytes, words.second, Some{some.n - L::kWords});
     }
     template <unsigned k>
     static void Store(std::uint8_t* p, const WordPair& words, Ends<k> ends) {

@@ -17,11 +17,19 @@ struct PixelRows {
     std::size_t x;
 };
 
-/// The kernels of one format, as references: a table with one left out does not compile.
+/// A pointer to a kernel that has no value of its own: a table with one left out does not compile.
+template <class Function>
+class Kernel {
+public:
+    constexpr Kernel(Function* function) : function_(function) {}
+    constexpr operator Function*() const { return function_; }
+
+private:
+    Function* function_;
+};
+
+/// The kernels of one format.
 /// `PixelFormat::None` has kernels that do nothing and have done all rows.
-///
-/// Rows that follow each other without a gap, as the whole rows of most surfaces do, are taken as
-/// one where that does the same.
 ///
 /// A kernel that reads one set of rows while it writes another gives exact pixels only where the
 /// two do not share memory within a row. It stops at the first row where they do and returns the
@@ -29,42 +37,44 @@ struct PixelRows {
 /// compare a row; before the call it would be another walk over the row table.
 struct FormatKernels {
     /// Stores a colour, alpha included where the format has one.
-    void (&fill)(PixelRows to, unsigned w, unsigned h, std::uint32_t color);
+    Kernel<void(PixelRows to, unsigned w, unsigned h, std::uint32_t color)> fill;
 
     /// Blends a colour of any alpha.
-    void (&blendColor)(PixelRows to, unsigned w, unsigned h, std::uint32_t color);
+    Kernel<void(PixelRows to, unsigned w, unsigned h, std::uint32_t color)> blendColor;
 
     /// Blends a colour through a mask of transparencies: bytes, or the alpha of colour words.
-    unsigned (&blendMask8)(PixelRows to, PixelRows mask, unsigned w, unsigned h,
-                           std::uint32_t color);
-    unsigned (&blendMask32)(PixelRows to, PixelRows mask, unsigned w, unsigned h,
-                            std::uint32_t color);
+    Kernel<unsigned(PixelRows to, PixelRows mask, unsigned w, unsigned h, std::uint32_t color)>
+        blendMask8;
+    Kernel<unsigned(PixelRows to, PixelRows mask, unsigned w, unsigned h, std::uint32_t color)>
+        blendMask32;
 
     /// Copies within the format; rows may overlap in any way. Bottom up when `upwards`.
-    void (&copy)(PixelRows to, PixelRows from, unsigned w, unsigned h, bool upwards);
+    Kernel<void(PixelRows to, PixelRows from, unsigned w, unsigned h, bool upwards)> copy;
 
     /// Copies within the format all pixels but those that equal `key`, a stored pixel.
-    unsigned (&copyKeyed)(PixelRows to, PixelRows from, unsigned w, unsigned h, std::uint32_t key);
+    Kernel<unsigned(PixelRows to, PixelRows from, unsigned w, unsigned h, std::uint32_t key)>
+        copyKeyed;
 
     /// Pixels to colour words; `alpha` is their alpha byte below 32 bits.
-    unsigned (&toWords)(PixelRows to, PixelRows from, unsigned w, unsigned h, std::uint32_t alpha);
+    Kernel<unsigned(PixelRows to, PixelRows from, unsigned w, unsigned h, std::uint32_t alpha)>
+        toWords;
 
     /// Colour words to pixels.
-    unsigned (&fromWords)(PixelRows to, PixelRows from, unsigned w, unsigned h);
+    Kernel<unsigned(PixelRows to, PixelRows from, unsigned w, unsigned h)> fromWords;
 
     /// The same, leaving pixels whose word equals `key`.
-    unsigned (&fromWordsKeyed)(PixelRows to, PixelRows from, unsigned w, unsigned h,
-                               std::uint32_t key);
+    Kernel<unsigned(PixelRows to, PixelRows from, unsigned w, unsigned h, std::uint32_t key)>
+        fromWordsKeyed;
 
     /// Blends colour words by their own alpha.
-    unsigned (&blendWords)(PixelRows to, PixelRows from, unsigned w, unsigned h);
+    Kernel<unsigned(PixelRows to, PixelRows from, unsigned w, unsigned h)> blendWords;
 
     /// The same, their opacity scaled first as by scaleAlpha; k <= 256.
-    unsigned (&blendWordsScaled)(PixelRows to, PixelRows from, unsigned w, unsigned h,
-                                 std::uint32_t k);
+    Kernel<unsigned(PixelRows to, PixelRows from, unsigned w, unsigned h, std::uint32_t k)>
+        blendWordsScaled;
 
     /// Pixels to 16-bit display words [0RRRRRGG GGGBBBBB].
-    unsigned (&toDisplay555)(PixelRows to, PixelRows from, unsigned w, unsigned h);
+    Kernel<unsigned(PixelRows to, PixelRows from, unsigned w, unsigned h)> toDisplay555;
 };
 
 struct RowKernels {
@@ -72,7 +82,10 @@ struct RowKernels {
     FormatKernels formats[kPixelFormatCount];
 
     /// Replaces each word's opacity s = 255 - alpha by min(255, s * k >> 8); k <= 65,536.
-    void (&scaleAlpha)(std::uint8_t* words, std::size_t n, std::uint32_t k);
+    Kernel<void(std::uint8_t* words, std::size_t n, std::uint32_t k)> scaleAlpha;
+
+    /// Whether each of n pointers lies that many bytes behind the one before.
+    Kernel<bool(std::uint8_t* const* lines, std::size_t n, std::size_t distance)> areApartBy;
 
     const FormatKernels& operator[](PixelFormat format) const {
         return formats[static_cast<unsigned>(format)];

@@ -3,15 +3,6 @@
 #include "surface/rows/make_kernels.h"
 
 namespace gfx {
-namespace {
-
-struct Avx2Vectors {
-    using Wide = Lanes256;
-    using Narrow = Lanes256;
-};
-
-}  // namespace
-
-constinit const RowKernels kRowKernelsAvx2 = MakeRowKernels<Avx2Vectors>("avx2");
+constinit const RowKernels kRowKernelsAvx2 = MakeRowKernels<Lanes256>("avx2");
 
 }  // namespace gfx

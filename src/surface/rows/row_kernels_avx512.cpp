@@ -3,15 +3,6 @@
 #include "surface/rows/make_kernels.h"
 
 namespace gfx {
-namespace {
-
-struct Avx512Vectors {
-    using Wide = Lanes512;
-    using Narrow = Lanes256;
-};
-
-}  // namespace
-
-constinit const RowKernels kRowKernelsAvx512 = MakeRowKernels<Avx512Vectors>("avx512");
+constinit const RowKernels kRowKernelsAvx512 = MakeRowKernels<Lanes512, MaskedLanes256>("avx512");
 
 }  // namespace gfx

@@ -3,15 +3,6 @@
 #include "surface/rows/make_kernels.h"
 
 namespace gfx {
-namespace {
-
-struct BaselineVectors {
-    using Wide = BaselineLanes;
-    using Narrow = BaselineLanes;
-};
-
-}  // namespace
-
-constinit const RowKernels kRowKernelsBaseline = MakeRowKernels<BaselineVectors>("baseline");
+constinit const RowKernels kRowKernelsBaseline = MakeRowKernels<BaselineLanes>("baseline");
 
 }  // namespace gfx
