@@ -89,7 +89,7 @@ target_compile_options(gfx_objects PRIVATE -fexceptions -frtti -fno-fast-math -f
 target_compile_options(gfx_objects PRIVATE -fno-semantic-interposition)
 
 # The smallest functions then lie within one cache line each, wherever the linker puts them: writing
-# single pixels takes up to a twelfth less.
+# single pixels takes less time.
 target_compile_options(gfx_objects
                        PRIVATE $<$<CONFIG:Release,RelWithDebInfo>:-falign-functions=64>)
 if(GFX_TARGETS_I386)

@@ -166,8 +166,7 @@ public:
     /// top + (bottom - top) * fy, the result left + (right - left) * fx, truncated to 0..255.
     /// Pixels outside the clip rectangle take no part; 0 when all four are.
     /// @param fx,fy  how far towards column x + 1 and row y + 1, not limited to 0..1. A channel
-    /// that
-    ///               comes out as NaN counts as 0.
+    ///               that comes out as NaN counts as 0.
     unsigned int RetPixelMergeRGB(int x, int y, double fx, double fy) const;
 
     /// Writes a run of n pixels, three bytes each (blue, green, red), into row y from column x on.

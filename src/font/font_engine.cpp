@@ -171,7 +171,7 @@ EngineCharMap SelectCharMap(EngineFace face, int i) {
     return FT_Set_Charmap(face, face->charmaps[i]) == 0 ? face->charmap : nullptr;
 }
 
-// From mapped code to mapped code: less than half the time of asking for every one.
+// From mapped code to mapped code, which is faster than asking for every one.
 void ReadGlyphIndices(EngineFace face, std::uint32_t* indices, std::uint32_t count) {
     FT_UInt index = 0;
     FT_ULong code = FT_Get_First_Char(face, &index);
@@ -208,21 +208,22 @@ bool IsOutlineBounded(EngineGlyph container, std::uint32_t width, std::uint32_t 
            IsWithinOutlineBudget(container->outline, width, rows);
 }
 
-void RenderGlyph(EngineInstance engine, EngineGlyph container, int left, int bottom, bool smooth,
-                 const RasterMap& map) {
+void RenderGlyph(EngineInstance engine, EngineGlyph container, int left, int bottom,
+                 bool isAntialiased, const RasterMap& map) {
     FT_Outline_Translate(&container->outline, FT_Pos{-left} * 64, FT_Pos{-bottom} * 64);
     FT_Bitmap bitmap = {};
     bitmap.rows = map.rows;
-    // Only columns are cut, and only smooth ones. The engine leaves out curves above and below what
-    // it renders, and what follows such a curve then begins 1/256 pixel off; 1-bit glyphs differ in
-    // a few pixels when they are cut anywhere.
-    bitmap.width = smooth ? map.keptPixels : map.pixelsPerRow;
+    // Only columns are cut, and only anti-aliased ones. The engine leaves out curves above and
+    // below what it renders, and what follows such a curve then begins 1/256 pixel off; 1-bit
+    // glyphs differ in a few pixels when they are cut anywhere.
+    bitmap.width = isAntialiased ? map.keptPixels : map.pixelsPerRow;
     bitmap.pitch = static_cast<int>(map.bytesPerRow);
     bitmap.buffer = map.buffer;
-    bitmap.num_grays = smooth ? 256 : 2;
-    bitmap.pixel_mode = smooth ? FT_PIXEL_MODE_GRAY : FT_PIXEL_MODE_MONO;
+    bitmap.num_grays = isAntialiased ? 256 : 2;
+    bitmap.pixel_mode = isAntialiased ? FT_PIXEL_MODE_GRAY : FT_PIXEL_MODE_MONO;
     FT_Outline_Get_Bitmap(engine, &container->outline, &bitmap);
-    if (smooth) std::transform(map.buffer, map.buffer + map.byteSize, map.buffer, NearestOfFive);
+    if (isAntialiased)
+        std::transform(map.buffer, map.buffer + map.byteSize, map.buffer, NearestOfFive);
 }
 
 }  // namespace gfx

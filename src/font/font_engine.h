@@ -106,11 +106,11 @@ bool IsOutlineBounded(EngineGlyph container, std::uint32_t width, std::uint32_t 
 
 /// Renders the loaded outline so that the point (left, bottom), in whole pixels, is the buffer's
 /// bottom left corner. The buffer must be clear. The outline is moved: one render for each load.
-/// `smooth`: one byte a pixel, 0x00, 0x40, 0x80, 0xC0 or 0xFF, of the columns that are kept;
+/// `isAntialiased`: one byte a pixel, 0x00, 0x40, 0x80, 0xC0 or 0xFF, of the columns that are kept;
 /// otherwise one bit a pixel, the most significant first, of the whole image. A failing engine
 /// leaves the buffer with some or no ink.
-void RenderGlyph(EngineInstance engine, EngineGlyph container, int left, int bottom, bool smooth,
-                 const RasterMap& map);
+void RenderGlyph(EngineInstance engine, EngineGlyph container, int left, int bottom,
+                 bool isAntialiased, const RasterMap& map);
 
 }  // namespace gfx
 

@@ -25,11 +25,11 @@ constexpr const char* kBandLimit = "band < 65536";  // a record numbers its band
 class RenderBuffer {
 public:
     RenderBuffer(gfx::RasterMap& map, unsigned width, unsigned height, unsigned keptWidth,
-                 bool smooth)
+                 bool isAntialiased)
         : map_(map), block_(std::uint64_t{height} * gfx::RenderPitch(width)) {
         map.rows = height;
         map.bytesPerRow = gfx::RenderPitch(width);
-        map.pixelsPerRow = smooth ? map.bytesPerRow : width;
+        map.pixelsPerRow = isAntialiased ? map.bytesPerRow : width;
         map.keptPixels = std::min(map.pixelsPerRow, keptWidth);
         map.byteSize = map.rows * map.bytesPerRow;
         map.buffer = static_cast<std::uint8_t*>(block_.Get());
@@ -54,9 +54,9 @@ void WidenBits(std::uint8_t* row, unsigned width) {
 }
 
 /// Turns what the engine rendered into transparencies, one byte a pixel.
-void ConvertToTransparency(const gfx::RasterMap& map, unsigned width, bool smooth) {
+void ConvertToTransparency(const gfx::RasterMap& map, unsigned width, bool isAntialiased) {
     std::uint8_t* const end = map.buffer + map.byteSize;
-    if (smooth) {
+    if (isAntialiased) {
         std::transform(map.buffer, end, map.buffer,
                        [](std::uint8_t ink) { return static_cast<std::uint8_t>(~ink); });
         return;

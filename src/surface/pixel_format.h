@@ -142,7 +142,7 @@ inline void BlendInto(std::uint8_t* row, std::size_t x, std::uint32_t rgb, std::
 }
 
 /// Calls visit with the type of a format; not at all where nothing is stored. The wider the format,
-/// the fewer jumps: they are a tenth of the time of a single pixel.
+/// the fewer jumps, which single pixels feel.
 template <class Visit>
 inline void WithFormat(PixelFormat format, Visit visit) {
     static_assert(kPixelFormatCount == 4, "each format that stores pixels is named here");

@@ -73,7 +73,7 @@ public:
     /// Draws on another surface from now on; the scratch memory stays.
     void SetTarget(GfxSurface& target) { target_ = &target; }
 
-    /// Fills a rectangle; edges between pixels are smooth.
+    /// Fills a rectangle; edges between pixels are anti-aliased.
     void FillRect(FixedRect rect, const Paint& paint);
 
     /// Fills a rectangle with round corners. @param radius  limited to 0 .. half the shorter side.

@@ -91,7 +91,7 @@ enum class AlignX { kLeft, kCenter, kRight };
 /// Where lines lie in the height of a box. kBaseline puts the first baseline on its top edge.
 enum class AlignY { kTop, kBaseline, kMiddle, kBottom };
 
-/// Which way the baseline runs. Turned text is as smooth as upright text: its pixels are those of
+/// Which way the baseline runs. Turned text is as legible as upright text: its pixels are those of
 /// upright text, turned around the pen's pixel.
 enum class Turn { kNone, kUp, kDown };
 
