@@ -171,6 +171,8 @@ void GfxFontCache::FillGlyphInfo(GlyphInfo* info) {
     const auto height = static_cast<std::uint16_t>(geom.top - geom.bottom);
     unsigned short bandX = 0;
     unsigned short band = 0;
+    // Columns of an image whose scratch memory failed to be released are the next one's.
+    gfx::OnFailure giveBack([&] { currentX = band == 0 ? currentX : bandX; });
     {
         // Any band that the image may go to.
         const unsigned keptWidth =
@@ -183,10 +185,10 @@ void GfxFontCache::FillGlyphInfo(GlyphInfo* info) {
         }
         GfxSurface image(8);
         image.Initialise(width, height, map.buffer, map.bytesPerRow, false);
-        // Columns are reserved when nothing but the release of scratch memory can still fail.
         NewGlyphInBand(width, bandX, band);
         bands[band]->RectCopy(bandX, 0, width, height, 0, 0, &image, true);
     }
+    giveBack.Dismiss();
     // Only now: a record keeps its old values until its glyph is finished.
     info->bandX = bandX;
     info->bandY = 0;

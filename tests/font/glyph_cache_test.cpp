@@ -140,7 +140,7 @@ TEST(FontCache, Bands_are_refused_without_memory_and_beyond_16_bits) {
     GfxSurface::Delete(taken);
 }
 
-TEST(FontCache, An_image_that_cannot_be_made_takes_no_columns) {
+TEST(FontCache, An_image_that_fails_at_any_call_of_a_hook_takes_no_columns) {
     LedgerCheck check;
     ProbeCache cache;
     ASSERT_TRUE(cache.OpenFace(GFX_TEST_FACE, 12, true));
@@ -148,16 +148,16 @@ TEST(FontCache, An_image_that_cannot_be_made_takes_no_columns) {
     const int column = cache.currentX;
     std::size_t failures = 0;
     for (bool isMade = false; !isMade;) {
-        HookLedger::ThrowAtAllocation(failures + 1);
+        HookLedger::ThrowAt(failures + 1);
         try {
             Access(cache, 0x42);
             isMade = true;
         } catch (const HookFailure&) {
             ++failures;
-            ASSERT_EQ(column, cache.currentX) << "allocation " << failures;
+            ASSERT_EQ(column, cache.currentX) << "call of a hook " << failures;
         }
     }
-    HookLedger::ThrowAtAllocation(0);
+    HookLedger::ThrowAt(0);
     EXPECT_GT(failures, 1u);
     EXPECT_GT(cache.currentX, column);
 }
