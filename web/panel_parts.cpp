@@ -237,10 +237,10 @@ const std::array<Part, kPartCount> kParts{{{kSpeedCard, DrawSpeed, DamageSpeed},
                                            {kClock, DrawClock, DamageClock}}};
 
 Faces::Faces() {
-    label.OpenFace("/face.ttf", 10, true);
-    body.OpenFace("/face.ttf", 14, true);
-    value.OpenFace("/face.ttf", 16, true);
-    hero.OpenFace("/face.ttf", 34, true);
+    label.OpenFace("DejaVuSans.ttf", 10, true);
+    body.OpenFace("DejaVuSans.ttf", 14, true);
+    value.OpenFace("DejaVuSans.ttf", 16, true);
+    hero.OpenFace("DejaVuSans.ttf", 34, true);
 }
 
 void DrawBackdrop(const Pen& pen) {
