@@ -1,41 +1,44 @@
 #include "panel.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace playground {
 namespace {
 
+constexpr int kSamplesPerSecond = 15;
 constexpr Box kAll{0, 0, kPanelWidth, kPanelHeight};
 
 bool Meet(const Box& a, const Box& b) {
     return a.x < b.x + b.w && b.x < a.x + a.w && a.y < b.y + b.h && b.y < a.y + a.h;
 }
 
-GfxSurface* NewSurface() { return GfxSurface::New(16); }
-
-double Part1(double value) { return value - std::floor(value); }
+double FractionOf(double value) { return value - std::floor(value); }
 
 }  // namespace
+
+double WindAt(int sample) {
+    const double time = static_cast<double>(sample) / kSamplesPerSecond;
+    return 8.5 + 3.4 * std::sin(0.31 * time) + 1.9 * std::sin(1.13 * time + 2) +
+           0.8 * std::sin(4.1 * time);
+}
 
 Readings ReadingsAt(double time) {
     Readings now{};
     now.speed = 7.2 + 2.6 * std::sin(0.43 * time) + 0.6 * std::sin(1.7 * time + 1);
-    now.wind = 8.5 + 3.4 * std::sin(0.31 * time) + 1.9 * std::sin(1.13 * time + 2) +
-               0.8 * std::sin(4.1 * time);
+    now.sample = static_cast<int>(std::floor(time * kSamplesPerSecond));
+    now.wind = WindAt(now.sample);
     now.from = 292 + static_cast<int>(std::lround(26 * std::sin(0.23 * time) +
                                                   7 * std::sin(1.9 * time)));
     for (std::size_t i = 0; i < now.cabin.size(); ++i)
-        now.cabin[i] = Part1(time / 24 + static_cast<double>(i) / 3);
+        now.cabin[i] = FractionOf(time / 24 + static_cast<double>(i) / 3);
     now.seconds = static_cast<int>(time);
-    now.sample = static_cast<int>(time * 15);
     return now;
 }
 
 Panel::Panel()
     : memory_(std::size_t{kPanelWidth} * kPanelHeight),
-      screen_(NewSurface()),
-      backdrop_(NewSurface()),
+      screen_(GfxSurface::New(16)),
+      backdrop_(GfxSurface::New(16)),
       canvas_(*screen_) {
     screen_->Initialise(kPanelWidth, kPanelHeight, memory_.data(), 2 * kPanelWidth, true);
     backdrop_->Initialise(kPanelWidth, kPanelHeight);

@@ -20,12 +20,15 @@ struct Box {
 /// What the panel shows at a moment.
 struct Readings {
     double speed;                 ///< of the rope in m/s, 0 to 12
-    double wind;                  ///< in m/s, 0 to 20
+    double wind;                  ///< in m/s, 0 to 16, at the newest sample
     int from;                     ///< where the wind comes from, in degrees
     std::array<double, 3> cabin;  ///< how far up each cabin is, 0 to 1
     int seconds;                  ///< of the clock
     int sample;                   ///< number of the newest column of the chart
 };
+
+/// The wind at a sample of the chart.
+double WindAt(int sample);
 
 /// The readings at a time in seconds: always the same ones.
 Readings ReadingsAt(double time);

@@ -75,9 +75,18 @@ void DrawCard(const Pen& pen, const Box& box, const char* title) {
     Write(pen, pen.faces.label, box.x + 12, box.y + 18, title, kSoft, AlignX::kLeft, 1);
 }
 
+// The dial's ring is of pieces that are lit or not: a longer arc has other corners, and its edge
+// would change by a shade all along, far outside of what is drawn anew.
+constexpr int kPieces = 65;
+
+void DrawPiece(const Pen& pen, int i, Color color) {
+    pen.canvas.DrawArc(kDial, kDialRadius, 9, Angle::Degrees(-130 + 4 * i), Angle::Degrees(3),
+                       Cap::kButt, color);
+}
+
 void DrawDialScale(const Pen& pen) {
-    pen.canvas.DrawArc(kDial, kDialRadius, 9, Angle::Degrees(-130), Angle::Degrees(260),
-                       Cap::kRound, kTrack);
+    for (int i = 0; i < kPieces; ++i)
+        DrawPiece(pen, i, kTrack);
     for (int value = 0; value <= 12; ++value) {
         const Angle angle = Angle::Degrees(AngleOf(value));
         const bool isEven = value % 2 == 0;
@@ -119,9 +128,8 @@ std::string Text(const char* format, double value) {
 
 void DrawSpeed(const Pen& pen, const Readings& now) {
     const double angle = AngleOf(now.speed);
-    const Gradient along = Gradient::Linear({31, 154}, {167, 154}, kBlue, kTeal);
-    pen.canvas.DrawArc(kDial, kDialRadius, 9, Angle::Degrees(-130), Angle::Degrees(angle + 130),
-                       Cap::kRound, along);
+    for (int i = 0; i < kPieces && -130 + 4 * i < angle; ++i)
+        DrawPiece(pen, i, Mix(kBlue, kTeal, static_cast<unsigned>(256 * i / kPieces)));
     const Point needle[] = {OnCircle(kDial, 78, Angle::Degrees(angle)),
                             OnCircle(kDial, 50, Angle::Degrees(angle - 4)),
                             OnCircle(kDial, 50, Angle::Degrees(angle + 4))};
@@ -151,8 +159,7 @@ void DrawChart(const Pen& pen, const Readings& now) {
     constexpr int kColumns = kPlot.w / kStep;
     Point points[kColumns + 2];
     for (int i = 0; i < kColumns; ++i) {
-        const double wind = ReadingsAt((now.sample - (kColumns - 1 - i)) / 15.0).wind;
-        points[i] = {kPlot.x + i * kStep, RowOf(wind)};
+        points[i] = {kPlot.x + i * kStep, RowOf(WindAt(now.sample - (kColumns - 1 - i)))};
     }
     const int right = kPlot.x + (kColumns - 1) * kStep;
     points[kColumns] = {right, kPlot.y + kPlot.h};
@@ -173,7 +180,7 @@ void DrawChart(const Pen& pen, const Readings& now) {
 }
 
 void DamageChart(const Readings& before, const Readings& now, std::vector<Box>& boxes) {
-    if (before.sample != now.sample) boxes.push_back({kPlot.x, 44, kPlot.w + 4, 108});
+    if (before.sample != now.sample) boxes.push_back({kPlot.x - 3, 44, kPlot.w + 7, 108});
 }
 
 void DrawRose(const Pen& pen, const Readings& now) {

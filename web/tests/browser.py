@@ -4,6 +4,7 @@ import os
 import time
 
 from selenium import webdriver
+from selenium.webdriver.common.action_chains import ActionChains
 from selenium.webdriver.common.by import By
 from selenium.webdriver.common.keys import Keys
 from selenium.webdriver.support.ui import WebDriverWait
@@ -81,7 +82,7 @@ class Browser:
                 .map((e, i) => e.dataset.stop = String(i));"""))
         reached = set()
         for _ in range(3 * len(wanted) + 20):
-            self.driver.switch_to.active_element.send_keys(Keys.TAB)
+            ActionChains(self.driver).send_keys(Keys.TAB).perform()
             reached.add(self.run("return document.activeElement.dataset.stop"))
         check(wanted <= reached, f"the keyboard does not reach {wanted - reached}")
 

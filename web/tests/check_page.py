@@ -30,7 +30,10 @@ playground.select(title);
 Object.assign(playground.values, values);
 playground.draw();
 const {operation, canvas} = playground;
-const pixels = canvas.getContext('2d').getImageData(0, 0, canvas.width, canvas.height).data;
+const reader = new OffscreenCanvas(canvas.width, canvas.height)
+    .getContext('2d', {willReadFrequently: true});
+reader.drawImage(canvas, 0, 0);
+const pixels = reader.getImageData(0, 0, canvas.width, canvas.height).data;
 let bytes = '';
 for (let i = 0; i < pixels.length; i += 4)
   bytes += String.fromCharCode(pixels[i], pixels[i + 1], pixels[i + 2]);
