@@ -31,13 +31,16 @@ constexpr Box kChartCard{198, 40, 272, 122};
 constexpr Box kRoseCard{198, 172, 104, 90};
 constexpr Box kRopeCard{312, 172, 158, 90};
 constexpr Box kPlot{222, 68, 236, 80};
-constexpr Box kSpeedText{52, 122, 92, 44};
+constexpr Box kSpeedText{52, 128, 92, 44};
 constexpr Box kClock{400, 8, 70, 26};
-constexpr Box kRose{216, 178, 68, 78};
+constexpr Box kRose{215, 182, 70, 70};
 
-const Point kDial{99, 154};
-constexpr int kDialRadius = 68;
+const Point kDial{99, 158};
+constexpr int kDialRadius = 74;
+constexpr int kNeedleBase = 56;
+constexpr int kNeedleTip = 84;
 const Point kRoseCenter{250, 217};
+constexpr int kRoseRadius = 26;
 const Point kValley{328, 248};
 const Point kSummit{454, 202};
 constexpr double kLimit = 13;
@@ -90,10 +93,10 @@ void DrawDialScale(const Pen& pen) {
     for (int value = 0; value <= 12; ++value) {
         const Angle angle = Angle::Degrees(AngleOf(value));
         const bool isEven = value % 2 == 0;
-        pen.canvas.DrawLine(OnCircle(kDial, isEven ? 53 : 56, angle), OnCircle(kDial, 60, angle),
+        pen.canvas.DrawLine(OnCircle(kDial, isEven ? 58 : 61, angle), OnCircle(kDial, 65, angle),
                             {1.2}, isEven ? kSoft : kTick);
         if (!isEven) continue;
-        const Point at = OnCircle(kDial, 43, angle);
+        const Point at = OnCircle(kDial, 48, angle);
         Write(pen, pen.faces.label, at.x.Units() / 256, at.y.Units() / 256 + 4,
               std::to_string(value), kSoft, AlignX::kCenter);
     }
@@ -111,10 +114,10 @@ void DrawPlotGround(const Pen& pen) {
 }
 
 void DrawRoseGround(const Pen& pen) {
-    pen.canvas.DrawCircle(kRoseCenter, 31, 4, kTrack);
+    pen.canvas.DrawCircle(kRoseCenter, kRoseRadius, 4, kTrack);
     static constexpr const char* kNames[] = {"N", "E", "S", "W"};
     for (int i = 0; i < 4; ++i) {
-        const Point at = OnCircle(kRoseCenter, 20, Angle::Degrees(90 * i));
+        const Point at = OnCircle(kRoseCenter, kRoseRadius + 11, Angle::Degrees(90 * i));
         Write(pen, pen.faces.label, at.x.Units() / 256, at.y.Units() / 256 + 4, kNames[i],
               i == 0 ? kAmber : kSoft, AlignX::kCenter);
     }
@@ -130,11 +133,11 @@ void DrawSpeed(const Pen& pen, const Readings& now) {
     const double angle = AngleOf(now.speed);
     for (int i = 0; i < kPieces && -130 + 4 * i < angle; ++i)
         DrawPiece(pen, i, Mix(kBlue, kTeal, static_cast<unsigned>(256 * i / kPieces)));
-    const Point needle[] = {OnCircle(kDial, 78, Angle::Degrees(angle)),
-                            OnCircle(kDial, 50, Angle::Degrees(angle - 4)),
-                            OnCircle(kDial, 50, Angle::Degrees(angle + 4))};
+    const Point needle[] = {OnCircle(kDial, kNeedleTip, Angle::Degrees(angle)),
+                            OnCircle(kDial, kNeedleBase, Angle::Degrees(angle - 4)),
+                            OnCircle(kDial, kNeedleBase, Angle::Degrees(angle + 4))};
     pen.canvas.FillPolygon(needle, 3, FillRule::kNonZero, kText);
-    Write(pen, pen.faces.hero, 99, 164, Text("%.1f", now.speed), kText, AlignX::kCenter);
+    Write(pen, pen.faces.hero, 99, 168, Text("%.1f", now.speed), kText, AlignX::kCenter);
 }
 
 void DamageSpeed(const Readings& before, const Readings& now, std::vector<Box>& boxes) {
@@ -143,8 +146,8 @@ void DamageSpeed(const Readings& before, const Readings& now, std::vector<Box>& 
     Point points[8];
     for (int i = 0; i < 4; ++i) {
         const Angle angle = Angle::Degrees(first + (last - first) * i / 3);
-        points[2 * i] = OnCircle(kDial, 50, angle);
-        points[2 * i + 1] = OnCircle(kDial, 78, angle);
+        points[2 * i] = OnCircle(kDial, kNeedleBase, angle);
+        points[2 * i + 1] = OnCircle(kDial, kNeedleTip, angle);
     }
     if (first != last) boxes.push_back(Around(points, 8, 6));
     if (Text("%.1f", before.speed) != Text("%.1f", now.speed)) boxes.push_back(kSpeedText);
@@ -185,11 +188,11 @@ void DamageChart(const Readings& before, const Readings& now, std::vector<Box>& 
 
 void DrawRose(const Pen& pen, const Readings& now) {
     const Angle angle = Angle::Degrees(now.from);
-    pen.canvas.DrawArc(kRoseCenter, 31, 4, Angle::Degrees(now.from - 22), Angle::Degrees(44),
+    pen.canvas.DrawArc(kRoseCenter, kRoseRadius, 4, Angle::Degrees(now.from - 22), Angle::Degrees(44),
                        Cap::kRound, kTeal);
-    const Point needle[] = {OnCircle(kRoseCenter, 14, angle),
-                            OnCircle(kRoseCenter, 34, Angle::Degrees(now.from - 9)),
-                            OnCircle(kRoseCenter, 34, Angle::Degrees(now.from + 9))};
+    const Point needle[] = {OnCircle(kRoseCenter, kRoseRadius - 9, angle),
+                            OnCircle(kRoseCenter, kRoseRadius + 5, Angle::Degrees(now.from - 12)),
+                            OnCircle(kRoseCenter, kRoseRadius + 5, Angle::Degrees(now.from + 12))};
     pen.canvas.FillPolygon(needle, 3, FillRule::kNonZero, kText);
     Write(pen, pen.faces.body, 250, 222, std::to_string(now.from), kText, AlignX::kCenter);
 }
@@ -262,8 +265,8 @@ void DrawBackdrop(const Pen& pen) {
     DrawCard(pen, kRoseCard, "");
     DrawCard(pen, kRopeCard, "CABINS");
     DrawDialScale(pen);
-    Write(pen, pen.faces.body, 99, 188, "m/s", kSoft, AlignX::kCenter);
-    Write(pen, pen.faces.label, 99, 248, "SET POINT 7.5", kSoft, AlignX::kCenter, 1);
+    Write(pen, pen.faces.body, 99, 194, "m/s", kSoft, AlignX::kCenter);
+    Write(pen, pen.faces.label, 99, 244, "SET POINT 7.5", kSoft, AlignX::kCenter, 1);
     DrawPlotGround(pen);
     DrawRoseGround(pen);
     pen.canvas.DrawLine(kValley, kSummit, {1.2}, kTick);

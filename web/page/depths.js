@@ -31,7 +31,7 @@ function startDepths(gfx) {
   let at = {x: 52, y: 58};
   const read = () => {
     for (const {surface, text} of views)
-      text.textContent = `(${at.x}, ${at.y}) word ${word(surface.RetPixelRGB(at.x, at.y))} stored ` +
+      text.textContent = `(${at.x}, ${at.y}) word ${word(surface.RetPixelRGB(at.x, at.y))}\nstored ` +
                          storedText(gfx, surface, at.x, at.y);
   };
   const draw = () => {

@@ -10,6 +10,7 @@ class Playground {
     this.canvas = document.getElementById('picture');
     this.fillChoices();
     this.at = trackPixel(this.canvas, () => this.showLens());
+    Object.assign(this.at, {x: 91, y: 61});  // where four colours meet
     this.select(OPERATIONS[1].title);
   }
 
@@ -22,7 +23,7 @@ class Playground {
     for (const depth of [8, 16, 32]) {
       const radio = element('input', {type: 'radio', name: 'depth', value: depth,
                                       checked: depth === this.depth});
-      radio.addEventListener('change', () => { this.depth = depth; this.draw(); });
+      radio.addEventListener('change', () => this.setDepth(depth));
       document.getElementById('depth').append(element('label', {}, radio, String(depth)));
     }
     document.getElementById('reset').addEventListener('click',
@@ -52,6 +53,12 @@ class Playground {
       const made = controlFor(name, this.values, () => this.draw());
       if (made) place.append(element('div', {className: 'argument'}, ...made));
     }
+    this.draw();
+  }
+
+  setDepth(depth) {
+    this.depth = depth;
+    document.querySelector(`#depth [value="${depth}"]`).checked = true;
     this.draw();
   }
 

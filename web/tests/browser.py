@@ -95,7 +95,7 @@ class Browser:
     def screenshots(self, folder, name, size):
         """What is seen at first, and the whole page."""
         self.set_size(*size)
-        self.run("playground.select('RectFillBlend'); window.scrollTo(0, 0);"
+        self.run("playground.setDepth(16); playground.select('RectFillBlend'); window.scrollTo(0, 0);"
                  "document.activeElement.blur()")
         time.sleep(1.5)  # for the readings beside the panel
         self.driver.save_screenshot(str(folder / f"{name}.png"))

@@ -25,7 +25,7 @@ RANDOM_ROUNDS = 2
 # Sets the playground as it is told and reads the picture back.
 DRAW = """
 const [title, depth, values] = arguments;
-playground.depth = depth;
+playground.setDepth(depth);
 playground.select(title);
 Object.assign(playground.values, values);
 playground.draw();
@@ -136,7 +136,7 @@ def draw_cases(browser):
 
 def check_slider(browser):
     """A slider moved by the keyboard draws anew, and draws what its lines say."""
-    browser.run("playground.depth = 16; playground.select('RectFill');")
+    browser.run("playground.select('RectFill');")
     before = browser.run(DRAW.replace("playground.select(title);", ""), "", 16, {})
     browser.press("argument-w", "ARROW_RIGHT", 5)
     after = browser.run(DRAW.replace("playground.select(title);", ""), "", 16, {})
