@@ -41,8 +41,8 @@ constexpr int kNeedleBase = 56;
 constexpr int kNeedleTip = 84;
 const Point kRoseCenter{250, 217};
 constexpr int kRoseRadius = 26;
-const Point kValley{328, 248};
-const Point kSummit{454, 202};
+const Point kValley{330, 238};
+const Point kSummit{452, 200};
 constexpr double kLimit = 13;
 
 double AngleOf(double speed) { return -130 + 260 * std::clamp(speed, 0.0, 12.0) / 12; }

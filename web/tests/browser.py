@@ -34,9 +34,11 @@ class Browser:
         self.driver.quit()
 
     def wait_until_ready(self):
-        WebDriverWait(self.driver, 120).until(
-            lambda _: self.run("return document.body.dataset.ready") == "yes",
-            "the page did not become ready")
+        def is_ready(_):
+            self.check_console()
+            return self.run("return document.body.dataset.ready") == "yes"
+
+        WebDriverWait(self.driver, 120).until(is_ready, "the page did not become ready")
 
     def run(self, script, *arguments):
         return self.driver.execute_script(script, *arguments)
@@ -73,12 +75,13 @@ class Browser:
         self.run("document.getElementById('panel-pause').click()")
 
     def check_keyboard(self):
-        """Tab reaches every control that can be used."""
+        """Tab reaches every control; of radio buttons and of tabs the chosen one."""
         self.run("playground.select('RectFillBlend, masked'); window.scrollTo(0, 0);"
                  "document.activeElement.blur()")
         wanted = set(self.run("""
-            return [...document.querySelectorAll('button, select, input, canvas[tabindex], pre')]
-                .filter((e) => e.tabIndex >= 0 && !e.disabled && (e.type !== 'radio' || e.checked))
+            return [...document.querySelectorAll('button, select, input, figure canvas, #picture, pre')]
+                .filter((e) => e.type !== 'radio' || e.checked)
+                .filter((e) => e.getAttribute('aria-selected') !== 'false')
                 .map((e, i) => e.dataset.stop = String(i));"""))
         reached = set()
         for _ in range(3 * len(wanted) + 20):

@@ -22,13 +22,17 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 DEPTHS = (8, 16, 32)
 RANDOM_ROUNDS = 2
 
-# Sets the playground as it is told and reads the picture back.
-DRAW = """
+# Sets the playground as it is told.
+SET = """
 const [title, depth, values] = arguments;
 playground.setDepth(depth);
 playground.select(title);
 Object.assign(playground.values, values);
 playground.draw();
+"""
+
+# Reads what the page shows.
+READ = """
 const {operation, canvas} = playground;
 const reader = new OffscreenCanvas(canvas.width, canvas.height)
     .getContext('2d', {willReadFrequently: true});
@@ -119,6 +123,13 @@ def compare(case, native):
           f"{expected[3 * first:3 * first + 3].hex()}")
 
 
+def read(browser, name):
+    case = browser.run(READ)
+    case["bytes"] = base64.b64decode(case["bytes"])
+    case["name"] = name
+    return case
+
+
 def draw_cases(browser):
     rng = random.Random(1)
     cases = []
@@ -126,9 +137,8 @@ def draw_cases(browser):
         for depth in DEPTHS:
             for turn in range(1 + RANDOM_ROUNDS):
                 values = random_values(rng, entry["arguments"]) if turn else {}
-                case = browser.run(DRAW, entry["title"], depth, values)
-                case["bytes"] = base64.b64decode(case["bytes"])
-                case["name"] = f"{entry['title']}, {depth} bits, {values}"
+                browser.run(SET, entry["title"], depth, values)
+                case = read(browser, f"{entry['title']}, {depth} bits, {values}")
                 check(case["hasAll"] != case["isKit"], f"{case['name']}: lines of C and Python")
                 cases.append(case)
     return cases
@@ -136,13 +146,11 @@ def draw_cases(browser):
 
 def check_slider(browser):
     """A slider moved by the keyboard draws anew, and draws what its lines say."""
-    browser.run("playground.select('RectFill');")
-    before = browser.run(DRAW.replace("playground.select(title);", ""), "", 16, {})
+    browser.run(SET, "RectFill", 16, {})
+    before = read(browser, "RectFill")
     browser.press("argument-w", "ARROW_RIGHT", 5)
-    after = browser.run(DRAW.replace("playground.select(title);", ""), "", 16, {})
-    after["bytes"] = base64.b64decode(after["bytes"])
-    after["name"] = "RectFill after its slider was moved"
-    check(base64.b64decode(before["bytes"]) != after["bytes"], "the slider changed no pixel")
+    after = read(browser, "RectFill after its slider was moved")
+    check(before["bytes"] != after["bytes"], "the slider changed no pixel")
     check("RectFill(30, 24, 95, 64" in after["lines"], "the lines do not follow the slider")
     return after
 
