@@ -27,18 +27,26 @@ class Browser:
         self.address = address
 
     def __enter__(self):
-        self.driver.get(self.address)
+        self.open(self.address)
         return self
+
+    def open(self, address):
+        self.driver.get(address)
+
+    def wait(self, condition, message):
+        """Until the condition holds or the page complains."""
+        def holds(_):
+            self.check_console()
+            return condition()
+
+        WebDriverWait(self.driver, 120).until(holds, message)
 
     def __exit__(self, *_):
         self.driver.quit()
 
     def wait_until_ready(self):
-        def is_ready(_):
-            self.check_console()
-            return self.run("return document.body.dataset.ready") == "yes"
-
-        WebDriverWait(self.driver, 120).until(is_ready, "the page did not become ready")
+        self.wait(lambda: self.run("return document.body.dataset.ready") == "yes",
+                  "the page did not become ready")
 
     def run(self, script, *arguments):
         return self.driver.execute_script(script, *arguments)
@@ -57,8 +65,7 @@ class Browser:
         """The panel goes on, and pausing stops it; what it repairs piece by piece is whole."""
         advance = "return livePanel.time"
         first = self.run(advance)
-        WebDriverWait(self.driver, 30).until(lambda _: self.run(advance) > first,
-                                             "the panel stands still")
+        self.wait(lambda: self.run(advance) > first, "the panel stands still")
         self.run("document.getElementById('panel-pause').click()")
         differing = self.run("""
             const fresh = new gfx.Panel();

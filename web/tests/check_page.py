@@ -12,6 +12,7 @@ import base64
 import os
 import pathlib
 import random
+import re
 import struct
 import subprocess
 import sys
@@ -155,6 +156,23 @@ def check_slider(browser):
     return after
 
 
+def loaded_files(page):
+    """What the page loads besides itself."""
+    return re.findall(r'(?:src|href)="([^"#:]+)"', (page / "index.html").read_text("utf-8"))
+
+
+def check_guide(browser, page):
+    """The lines at the beginning of the guide run, and leave the pixel that it names."""
+    text = (ROOT / "docs/guide/browser.md").read_text(encoding="utf-8")
+    (page / "guide.html").write_text(re.search("```html\n(.*?)```", text, re.S)[1], encoding="utf-8")
+    named = re.search(r"middle of the canvas is `rgb\((\d+), (\d+), (\d+)\)`", text).groups()
+    browser.open((page / "guide.html").resolve().as_uri())
+    pixel = "return [...view.getContext('2d').getImageData(80, 60, 1, 1).data]"
+    browser.wait(lambda: browser.run(pixel)[3] == 255, "the guide's lines drew nothing")
+    check(browser.run(pixel)[:3] == [int(n) for n in named],
+          f"the guide's lines drew {browser.run(pixel)}, the guide says {named}")
+
+
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("page", type=pathlib.Path)
@@ -176,7 +194,9 @@ def main():
             browser.screenshots(options.page, name, size)
         browser.check_console()
         browser.report()
-    loaded = [f for f in options.page.iterdir() if f.suffix in (".html", ".css", ".js")]
+        check_guide(browser, options.page)
+        browser.check_console()
+    loaded = [options.page / f for f in ("index.html", *loaded_files(options.page))]
     print(f"loaded: {sum(f.stat().st_size for f in loaded) / 1e6:.2f} MB in {len(loaded)} files")
 
 
