@@ -3,6 +3,8 @@
 #include <emscripten/bind.h>
 #include <gfx/gfx.h>
 
+#include <algorithm>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -66,10 +68,10 @@ template <void (GfxSurface::*kExtract)(int, int, unsigned, unsigned, int, int, u
 void ExtractBits(GfxSurface& s, int x, int y, unsigned w, unsigned h, int bufX, int bufY,
                  Buffer& buffer, unsigned bufPitch) {
     // Clipped, a rectangle reaches no further to the right and down than the surface does.
-    const long right = static_cast<long>(bufX) + static_cast<long>(s.DX()) - (x < 0 ? x : 0);
-    const long bottom = static_cast<long>(bufY) + static_cast<long>(s.DY()) - (y < 0 ? y : 0);
-    const bool fits = right <= static_cast<long>(bufPitch) * 8 && bottom >= 0 &&
-                      static_cast<std::size_t>(bottom) * bufPitch <= buffer.bytes.size();
+    const std::int64_t right = std::int64_t{bufX} + s.DX() - std::min(x, 0);
+    const std::int64_t bottom = std::int64_t{bufY} + s.DY() - std::min(y, 0);
+    const auto size = static_cast<std::int64_t>(buffer.bytes.size());
+    const bool fits = right <= std::int64_t{bufPitch} * 8 && bottom * bufPitch <= size;
     if (fits) (s.*kExtract)(x, y, w, h, bufX, bufY, buffer.bytes.data(), bufPitch);
 }
 

@@ -27,8 +27,8 @@ Readings ReadingsAt(double time) {
     now.speed = 7.2 + 2.6 * std::sin(0.43 * time) + 0.6 * std::sin(1.7 * time + 1);
     now.sample = static_cast<int>(std::floor(time * kSamplesPerSecond));
     now.wind = WindAt(now.sample);
-    now.from = 292 + static_cast<int>(std::lround(26 * std::sin(0.23 * time) +
-                                                  7 * std::sin(1.9 * time)));
+    now.from =
+        292 + static_cast<int>(std::lround(26 * std::sin(0.23 * time) + 7 * std::sin(1.9 * time)));
     for (std::size_t i = 0; i < now.cabin.size(); ++i)
         now.cabin[i] = FractionOf(time / 24 + static_cast<double>(i) / 3);
     now.seconds = static_cast<int>(time);

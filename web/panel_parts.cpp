@@ -71,8 +71,8 @@ Box Around(const Point* points, int count, int margin) {
 }
 
 void DrawCard(const Pen& pen, const Box& box, const char* title) {
-    const Gradient light = Gradient::Linear({box.x, box.y}, {box.x, box.y + box.h},
-                                            Color::FromRgb(0x182430), kCard);
+    const Gradient light =
+        Gradient::Linear({box.x, box.y}, {box.x, box.y + box.h}, Color::FromRgb(0x182430), kCard);
     pen.canvas.FillRoundRect(RectOf(box), 9, light);
     pen.canvas.OutlineRoundRect(RectOf(box), 9, 1, kCardEdge);
     Write(pen, pen.faces.label, box.x + 12, box.y + 18, title, kSoft, AlignX::kLeft, 1);
@@ -188,8 +188,8 @@ void DamageChart(const Readings& before, const Readings& now, std::vector<Box>& 
 
 void DrawRose(const Pen& pen, const Readings& now) {
     const Angle angle = Angle::Degrees(now.from);
-    pen.canvas.DrawArc(kRoseCenter, kRoseRadius, 4, Angle::Degrees(now.from - 22), Angle::Degrees(44),
-                       Cap::kRound, kTeal);
+    pen.canvas.DrawArc(kRoseCenter, kRoseRadius, 4, Angle::Degrees(now.from - 22),
+                       Angle::Degrees(44), Cap::kRound, kTeal);
     const Point needle[] = {OnCircle(kRoseCenter, kRoseRadius - 9, angle),
                             OnCircle(kRoseCenter, kRoseRadius + 5, Angle::Degrees(now.from - 12)),
                             OnCircle(kRoseCenter, kRoseRadius + 5, Angle::Degrees(now.from + 12))};

@@ -1,4 +1,5 @@
-// What a browser needs to see a surface: its pixels in the order of a canvas, and as they are stored.
+// What a browser needs to see a surface: its pixels in the order of a canvas, and as they are
+// stored.
 #pragma once
 
 #include <gfx/surface.h>

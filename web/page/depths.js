@@ -31,8 +31,8 @@ function startDepths(gfx) {
   let at = {x: 52, y: 58};
   const read = () => {
     for (const {surface, text} of views)
-      text.textContent = `(${at.x}, ${at.y}) word ${word(surface.RetPixelRGB(at.x, at.y))}\nstored ` +
-                         storedText(gfx, surface, at.x, at.y);
+      text.textContent = `(${at.x}, ${at.y}) word ${word(surface.RetPixelRGB(at.x, at.y))}\n` +
+                         `stored ${storedText(gfx, surface, at.x, at.y)}`;
   };
   const draw = () => {
     for (const {surface, canvas} of views) {

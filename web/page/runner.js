@@ -85,7 +85,8 @@ class Runner {
     for (let i = 0; i < WIDTH * HEIGHT; ++i) {
       const word = words[2 * i] | words[2 * i + 1] << 8;
       wide.SetPixelRGB(i % WIDTH, Math.floor(i / WIDTH),
-                       eight(word >> 10 & 31) << 16 | eight(word >> 5 & 31) << 8 | eight(word & 31));
+                       eight(word >> 10 & 31) << 16 | eight(word >> 5 & 31) << 8 |
+                           eight(word & 31));
     }
     return wide;
   }

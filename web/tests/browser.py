@@ -86,7 +86,8 @@ class Browser:
         self.run("playground.select('RectFillBlend, masked'); window.scrollTo(0, 0);"
                  "document.activeElement.blur()")
         wanted = set(self.run("""
-            return [...document.querySelectorAll('button, select, input, figure canvas, #picture, pre')]
+            const all = 'button, select, input, figure canvas, #picture, pre';
+            return [...document.querySelectorAll(all)]
                 .filter((e) => e.type !== 'radio' || e.checked)
                 .filter((e) => e.getAttribute('aria-selected') !== 'false')
                 .map((e, i) => e.dataset.stop = String(i));"""))
@@ -105,8 +106,8 @@ class Browser:
     def screenshots(self, folder, name, size):
         """What is seen at first, and the whole page."""
         self.set_size(*size)
-        self.run("playground.setDepth(16); playground.select('RectFillBlend'); window.scrollTo(0, 0);"
-                 "document.activeElement.blur()")
+        self.run("playground.setDepth(16); playground.select('RectFillBlend');"
+                 "window.scrollTo(0, 0); document.activeElement.blur()")
         time.sleep(1.5)  # for the readings beside the panel
         self.driver.save_screenshot(str(folder / f"{name}.png"))
         height = self.run("return document.documentElement.scrollHeight")

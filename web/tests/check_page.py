@@ -32,13 +32,20 @@ Object.assign(playground.values, values);
 playground.draw();
 """
 
+# The pixels of a canvas, by way of another one: the browser warns of reading a canvas often.
+PIXELS = """
+const pixelsOf = (canvas) => {
+  const reader = new OffscreenCanvas(canvas.width, canvas.height)
+      .getContext('2d', {willReadFrequently: true});
+  reader.drawImage(canvas, 0, 0);
+  return reader.getImageData(0, 0, canvas.width, canvas.height).data;
+};
+"""
+
 # Reads what the page shows.
-READ = """
+READ = PIXELS + """
 const {operation, canvas} = playground;
-const reader = new OffscreenCanvas(canvas.width, canvas.height)
-    .getContext('2d', {willReadFrequently: true});
-reader.drawImage(canvas, 0, 0);
-const pixels = reader.getImageData(0, 0, canvas.width, canvas.height).data;
+const pixels = pixelsOf(canvas);
 let bytes = '';
 for (let i = 0; i < pixels.length; i += 4)
   bytes += String.fromCharCode(pixels[i], pixels[i + 1], pixels[i + 2]);
@@ -49,8 +56,10 @@ return {size: [canvas.width, canvas.height], bytes: btoa(bytes), lines: playgrou
 """
 
 TABLE = """
-return OPERATIONS.map(({title, names, start}) => ({title, arguments: names
-    .filter((name) => controlFor(name, {...start}, () => {})).map((name) => [name, ARGUMENTS[name]])}));
+return OPERATIONS.map(({title, names, start}) => {
+  const free = names.filter((name) => controlFor(name, {...start}, () => {}));
+  return {title, arguments: free.map((name) => [name, ARGUMENTS[name]])};
+});
 """
 
 
@@ -91,9 +100,9 @@ def native_pictures(cases, build, work):
         out.write("}\n")
     program = work / "native_pictures"
     subprocess.run(
-        [os.environ.get("CXX", "c++"), "-std=c++17", "-O0", f"-I{work}", f"-I{ROOT}/web",
-         f"-I{ROOT}/include", f"-I{ROOT}/kit/include", ROOT / "web/tests/native_pictures.cpp",
-         ROOT / "web/hooks.cpp", "-o", program, build / "kit/libgfx_kit.a", f"-L{build}", "-lgfx",
+        [os.environ.get("CXX", "c++"), "-std=c++17", "-O0", "-Wall", "-Wextra", "-Werror",
+         f"-I{work}", f"-I{ROOT}/web", f"-I{ROOT}/include", f"-I{ROOT}/kit/include",
+         ROOT / "web/tests/native_pictures.cpp", ROOT / "web/hooks.cpp", "-o", program, build / "kit/libgfx_kit.a", f"-L{build}", "-lgfx",
          f"-Wl,-rpath,{build.resolve()}"], check=True)
     face = subprocess.run(["find", "/usr/share/fonts", "-name", "DejaVuSans.ttf"], check=True,
                           capture_output=True, text=True).stdout.splitlines()[0]
@@ -113,7 +122,8 @@ def compare(case, native):
     (size, expected) = native
     if case["shows"] == "value":
         (value,) = struct.unpack("<I", expected)
-        check(case["value"] == value, f"{case['name']}: value {case['value']:#x}, native {value:#x}")
+        check(case["value"] == value,
+              f"{case['name']}: value {case['value']:#x}, native {value:#x}")
         return
     check(tuple(case["size"]) == size, f"{case['name']}: size {case['size']}, native {size}")
     if case["bytes"] == expected:
@@ -164,10 +174,11 @@ def loaded_files(page):
 def check_guide(browser, page):
     """The lines at the beginning of the guide run, and leave the pixel that it names."""
     text = (ROOT / "docs/guide/browser.md").read_text(encoding="utf-8")
-    (page / "guide.html").write_text(re.search("```html\n(.*?)```", text, re.S)[1], encoding="utf-8")
+    lines = re.search("```html\n(.*?)```", text, re.S)[1]
+    (page / "guide.html").write_text(lines, encoding="utf-8")
     named = re.search(r"middle of the canvas is `rgb\((\d+), (\d+), (\d+)\)`", text).groups()
     browser.open((page / "guide.html").resolve().as_uri())
-    pixel = "return [...view.getContext('2d').getImageData(80, 60, 1, 1).data]"
+    pixel = PIXELS + "return [...pixelsOf(view).slice(4 * (160 * 60 + 80))].slice(0, 4)"
     browser.wait(lambda: browser.run(pixel)[3] == 255, "the guide's lines drew nothing")
     check(browser.run(pixel)[:3] == [int(n) for n in named],
           f"the guide's lines drew {browser.run(pixel)}, the guide says {named}")
