@@ -102,11 +102,17 @@ class Browser:
             self.set_size(width, 800)
             wide = self.run("return document.documentElement.scrollWidth")
             check(wide <= width, f"at {width} pixels the page is {wide} wide")
+            hidden = self.run("""
+                return [...document.querySelectorAll('section *:not(pre)')]
+                    .filter((e) => e.clientWidth && e.scrollWidth > e.clientWidth + 1)
+                    .map((e) => e.id || e.className || e.tagName);""")
+            check(not hidden, f"at {width} pixels these are cut off: {hidden}")
 
     def screenshots(self, folder, name, size):
         """What is seen at first, and the whole page."""
         self.set_size(*size)
         self.run("playground.setDepth(16); playground.select('RectFillBlend');"
+                 "Object.assign(playground.at, {x: 91, y: 61}); playground.showLens();"
                  "window.scrollTo(0, 0); document.activeElement.blur()")
         time.sleep(1.5)  # for the readings beside the panel
         self.driver.save_screenshot(str(folder / f"{name}.png"))
