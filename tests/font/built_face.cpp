@@ -111,9 +111,10 @@ void BuiltFace::Replace(unsigned index, const Bytes& glyph) {
     glyphs_[index].resize((glyph.size() + 3) & ~std::size_t{3});
 }
 
-void BuiltFace::SetProgramNeeds(unsigned stack, unsigned twilightPoints) {
+void BuiltFace::SetProgramNeeds(unsigned stack, unsigned twilightPoints, unsigned functions) {
     stack_ = stack;
     twilightPoints_ = twilightPoints;
+    functions_ = functions;
 }
 
 std::map<std::string, Bytes> BuiltFace::Tables() const {
@@ -124,8 +125,8 @@ std::map<std::string, Bytes> BuiltFace::Tables() const {
                             0, 0, 0, 0, 0, 1});
     Bytes& horizontal = tables["hmtx"] = Words({unitsPerEm_});
     horizontal.resize(2 + 2 * count);  // one advance; every left bearing is 0
-    tables["maxp"] = Words({1, 0, count, 0xFFFF, 1, 0xFFFF, 1, 2, twilightPoints_, 16, 64, 0,
-                            stack_, 0, 0xFFFF, 0xFFFF});
+    tables["maxp"] = Words({1, 0, count, 0xFFFF, 1, 0xFFFF, 1, 2, twilightPoints_, 16, functions_,
+                            0, stack_, 0, 0xFFFF, 0xFFFF});
     tables["cmap"] = CharMap(count);
     Bytes& glyphs = tables["glyf"];
     Bytes& places = tables["loca"];

@@ -45,8 +45,9 @@ public:
     /// Adds a table, or replaces one of the usual ones.
     void SetTable(const std::string& tag, const Bytes& table) { extra_[tag] = table; }
 
-    /// What the face says its programs need: stack elements and points of the twilight zone.
-    void SetProgramNeeds(unsigned stack, unsigned twilightPoints);
+    /// What the face says its programs need: stack elements, points of the twilight zone,
+    /// functions.
+    void SetProgramNeeds(unsigned stack, unsigned twilightPoints, unsigned functions);
 
     std::map<std::string, Bytes> Tables() const;
     void Save(const std::string& path) const { SaveBytes(path, MakeSfnt(0x00010000, Tables())); }
@@ -55,6 +56,7 @@ private:
     unsigned unitsPerEm_;
     unsigned stack_ = 64;
     unsigned twilightPoints_ = 0;
+    unsigned functions_ = 64;
     std::vector<Bytes> glyphs_;
     std::map<std::string, Bytes> extra_;
 };

@@ -162,6 +162,23 @@ TEST(FontCache, An_image_that_fails_at_any_call_of_a_hook_takes_no_columns) {
     EXPECT_GT(cache.currentX, column);
 }
 
+TEST(FontCache, Filling_a_record_sets_every_field_of_it) {
+    ProbeCache cache;
+    ASSERT_TRUE(cache.OpenFace(GFX_TEST_FACE, 12, true));
+    GfxFontCache::GlyphInfo fresh;
+    GfxFontCache::GlyphInfo used;
+    fresh.code = used.code = 0x41;
+    used.bandX = used.bandY = used.width = used.height = used.band = 77;
+    cache.FillGlyphInfo(&fresh);
+    cache.FillGlyphInfo(&used);
+    EXPECT_EQ(fresh.bandX + fresh.width, used.bandX);
+    EXPECT_EQ(0, used.bandY);
+    EXPECT_EQ(fresh.width, used.width);
+    EXPECT_EQ(fresh.height, used.height);
+    EXPECT_EQ(fresh.band, used.band);
+    EXPECT_EQ(Fields(fresh.geom), Fields(used.geom));
+}
+
 TEST(FontCache, Geometry_and_images_match_the_engine) {
     LedgerCheck check;
     int cutColumns = 0;

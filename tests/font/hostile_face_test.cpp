@@ -159,14 +159,18 @@ TEST(HostileFace, Programs_run_only_where_what_they_work_on_is_bounded) {
     struct Case {
         const char* what;
         int points;
-        unsigned stack, twilightPoints;
+        unsigned stack, twilightPoints, functions;
         std::size_t functionBytes;
         bool isRun;
     };
     const Case cases[] = {
-        {"usual", 100, 1000, 100, 100, true},      {"all limits", 960, 8192, 1024, 16384, true},
-        {"points", 961, 1000, 100, 100, false},    {"stack", 100, 8193, 100, 100, false},
-        {"twilight", 100, 1000, 1025, 100, false}, {"functions", 100, 1000, 100, 16385, false},
+        {"usual", 100, 1000, 100, 64, 100, true},
+        {"all limits", 960, 8192, 1024, 1024, 16384, true},
+        {"points", 961, 1000, 100, 64, 100, false},
+        {"stack", 100, 8193, 100, 64, 100, false},
+        {"twilight", 100, 1000, 1025, 64, 100, false},
+        {"functions", 100, 1000, 100, 1025, 100, false},
+        {"bytes of functions", 100, 1000, 100, 64, 16385, false},
     };
     const ScratchDirectory directory;
     const std::string path = directory.File("programs");
@@ -174,7 +178,7 @@ TEST(HostileFace, Programs_run_only_where_what_they_work_on_is_bounded) {
         BuiltFace face(kEm);
         face.Add({});
         face.Add(SimpleGlyph(Strokes(c.points)));
-        face.SetProgramNeeds(c.stack, c.twilightPoints);
+        face.SetProgramNeeds(c.stack, c.twilightPoints, c.functions);
         face.SetTable("fpgm", Bytes(c.functionBytes, kNoEffect));
         face.SetTable("prep", Bytes(8, kNoSuchInstruction));
         face.Save(path);
@@ -182,6 +186,19 @@ TEST(HostileFace, Programs_run_only_where_what_they_work_on_is_bounded) {
         EXPECT_EQ(c.isRun ? 0 : 20, geom.advance) << c.what;
         EXPECT_EQ(c.isRun ? 0 : 20, geom.top) << c.what;
     }
+}
+
+// A face of the fuzzers' corpus: it has none of the tables in which composites are counted.
+TEST(HostileFace, Faces_with_CFF_outlines_have_their_images) {
+    LedgerCheck check;
+    ProbeCache cache;
+    ASSERT_TRUE(cache.OpenFace(GFX_CFF_FACE, 40, true));
+    int images = 0;
+    for (unsigned short code = 0x20; code < 0x7F; ++code) {
+        const Delivered glyph = Access(cache, code);
+        images += glyph.geom.right > glyph.geom.left && glyph.geom.advance > 0 ? 1 : 0;
+    }
+    EXPECT_GE(images, 1);
 }
 
 TEST(HostileFace, Advances_saturate_where_the_scale_leaves_32_bits) {

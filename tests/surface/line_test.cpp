@@ -287,5 +287,38 @@ TEST(Lines, The_distance_of_rows_makes_no_difference) {
     }
 }
 
+TEST(AALine, A_level_or_upright_line_draws_on_what_either_of_its_pixels_reaches) {
+    const SurfacePtr surface = MakeSurface(32, 20, 20);
+    surface->DrawLine(0, 0, 3, 1, 0);  // with a dots buffer lines may go another way
+    surface->SetClipRect(5, 6, 9, 7);
+    for (int at = 0; at < 20; ++at) {
+        for (int from = 0; from < 20; from += 3) {
+            for (int to = 0; to < 20; to += 2) {
+                if (from == to) continue;
+                for (const bool isLevel : {true, false}) {
+                    for (const bool isDashed : {false, true}) {
+                        surface->SetEmpty(true);
+                        const int x0 = isLevel ? from : at;
+                        const int y0 = isLevel ? at : from;
+                        const int x1 = isLevel ? to : at;
+                        const int y1 = isLevel ? at : to;
+                        isDashed ? surface->DrawAALine(x0, y0, x1, y1, 0x00FFFFFF, nullptr, 0)
+                                 : surface->DrawAALine(x0, y0, x1, y1, 0x00FFFFFF);
+                        const int low = isLevel ? 5 : 6;
+                        const int high = isLevel ? 14 : 13;
+                        const bool isAlong = std::max(from, to) >= low && std::min(from, to) < high;
+                        // The line's own pixel, or the one behind it.
+                        const bool isAcross =
+                            isLevel ? at + 1 >= 6 && at < 13 : at + 1 >= 5 && at < 14;
+                        EXPECT_EQ(!(isAlong && isAcross), surface->IsEmpty())
+                            << x0 << ", " << y0 << " to " << x1 << ", " << y1
+                            << (isDashed ? ", as a pattern" : "");
+                    }
+                }
+            }
+        }
+    }
+}
+
 }  // namespace
 }  // namespace test

@@ -7,6 +7,7 @@
 #include <cstring>
 #include <vector>
 
+#include "support/guarded_memory.h"
 #include "support/hook_ledger.h"
 #include "support/probe_surface.h"
 #include "surface/line_model.h"
@@ -150,6 +151,85 @@ TEST(DisplayBlit, Converts_a_32_bit_surface_in_its_own_memory) {
         const unsigned c = colors[static_cast<std::size_t>(i)];
         EXPECT_EQ((c >> 8 & 0xF800) | (c >> 5 & 0x07E0) | (c >> 3 & 0x001F), pixel)
             << "pixel " << i;
+    }
+}
+
+TEST(DisplayBlit, Whole_pictures_are_converted_as_their_rows_are) {
+    for (const unsigned depth : {16U, 32U}) {
+        for (unsigned width = 1; width < 40; ++width) {
+            const SurfacePtr surface = MakeSurface(depth, width, 5);
+            std::vector<std::uint8_t> pixels(std::size_t{width} * 5 * depth / 8);
+            for (std::size_t i = 0; i < pixels.size(); ++i)
+                pixels[i] = static_cast<std::uint8_t>(i * 73 + i / 251);
+            surface->Initialise(width, 5, pixels.data(), width * depth / 8, false);
+            std::vector<std::uint8_t> together[2];
+            std::vector<std::uint8_t> rowByRow[2];
+            for (const int layout : {0, 1}) {
+                const auto blit =
+                    layout == 0 ? &GfxSurface::QuickBltTo565 : &GfxSurface::QuickBltTo555;
+                together[layout].resize(std::size_t{width} * 10 + 2, 0xA5);
+                rowByRow[layout] = together[layout];
+                (surface.get()->*blit)(0, 0, width, 5, together[layout].data(), 2 * width);
+                for (unsigned y = 0; y < 5; ++y) {
+                    (surface.get()->*blit)(0, y, width, 1,
+                                           rowByRow[layout].data() + std::size_t{2} * width * y, 0);
+                }
+                EXPECT_EQ(rowByRow[layout], together[layout]) << depth << " bits, width " << width;
+            }
+        }
+    }
+}
+
+/// A surface whose row table ends where memory does.
+class GuardedTable : public ProbeSurface {
+public:
+    explicit GuardedTable(unsigned bits) : ProbeSurface(bits), pages_(3) { pages_.Open(1, 1); }
+    ~GuardedTable() noexcept(false) override { GiveBackTable(); }
+
+protected:
+    void AllocLinesForSurface() override {
+        ProbeSurface::AllocLinesForSurface();
+        own_ = lines;
+        lines = reinterpret_cast<std::uint8_t**>(pages_.At(2)) - DY();
+        std::copy(own_, own_ + DY(), lines);
+    }
+    void FreeSurfaceAndLines() override {
+        GiveBackTable();
+        ProbeSurface::FreeSurfaceAndLines();
+    }
+
+private:
+    void GiveBackTable() {
+        if (own_ != nullptr) lines = own_;
+        own_ = nullptr;
+    }
+
+    Pages pages_;
+    std::uint8_t** own_ = nullptr;
+};
+
+TEST(RowTable, Is_read_for_the_rows_of_a_rectangle_and_no_further) {
+    const LedgerCheck ledger;
+    for (const unsigned depth : {8U, 16U, 32U}) {
+        GuardedTable target(depth);
+        GuardedTable source(depth);
+        GuardedTable words(32);
+        for (GuardedTable* surface : {&target, &source, &words})
+            surface->Initialise(16, 4);
+        std::uint16_t display[16 * 4];
+        for (unsigned h = 1; h <= 4; ++h) {
+            const int y = 4 - static_cast<int>(h);
+            target.RectFill(0, y, 16, h, 0x00FFFFFF);
+            target.RectFillBlend(0, y, 16, h, 0x80FFFFFF);
+            target.RectFillBlend(0, y, 16, h, 0x80FFFFFF, 0, y, &source);
+            target.RectCopy(0, y, 16, h, 0, y, &source, false);
+            target.RectCopy(0, y, 16, h, 0, y, &words, false);
+            target.RectBlend(0, y, 16, h, 0, y, &words, false);
+            words.RectCopy(0, y, 16, h, 0, y, &target, false);
+            target.QuickBltTo565(0, static_cast<unsigned>(y), 16, h, display, 32);
+            target.QuickBltTo555(0, static_cast<unsigned>(y), 16, h, display, 32);
+        }
+        EXPECT_EQ(words.RetPixelRGB(15, 3) & 0xFFFFFF, target.RetPixelRGB(15, 3) & 0xFFFFFF);
     }
 }
 
