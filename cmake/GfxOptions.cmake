@@ -13,6 +13,7 @@ if(NOT DEFINED GFX_SHARED)
 endif()
 
 option(GFX_FONTS "Build the font cache, which needs FreeType" ON)
+option(GFX_KIT "Build gfx::kit, what hosts need besides the engine" ON)
 set(GFX_KERNELS all CACHE STRING "Instruction sets: all that a processor may have, or baseline")
 set_property(CACHE GFX_KERNELS PROPERTY STRINGS all baseline)
 if(NOT GFX_KERNELS MATCHES "^(all|baseline)$")
@@ -21,7 +22,8 @@ endif()
 
 include(CMakeDependentOption)
 cmake_dependent_option(GFX_BUILD_TESTS "Build the tests" ON GFX_IS_TOP_LEVEL OFF)
-cmake_dependent_option(GFX_BUILD_EXAMPLES "Build the demo" ON "GFX_IS_TOP_LEVEL;GFX_FONTS" OFF)
+cmake_dependent_option(GFX_BUILD_EXAMPLES "Build the demo and the example hosts" ON
+                       "GFX_IS_TOP_LEVEL;GFX_FONTS;GFX_KIT" OFF)
 cmake_dependent_option(GFX_BUILD_BENCH "Build the benchmark" OFF "GFX_IS_TOP_LEVEL;GFX_FONTS" OFF)
 cmake_dependent_option(GFX_BUILD_FUZZ "Build the fuzz target (clang)" OFF
                        "GFX_IS_TOP_LEVEL;GFX_FONTS" OFF)

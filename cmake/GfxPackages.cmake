@@ -35,9 +35,20 @@ if(GFX_SHARED)
   set(CPACK_DEBIAN_RUNTIME_PACKAGE_SHLIBDEPS ON)
   set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
   set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
-  # The headers belong to one library.
+  # The headers belong to one library of each name.
   set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
       "libgfx${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION})")
+  if(GFX_KIT)
+    gfx_debian_package(kit libgfx-kit${PROJECT_VERSION_MAJOR} libs)
+    list(APPEND CPACK_COMPONENTS_ALL kit)
+    set(CPACK_COMPONENT_KIT_DESCRIPTION "Kit for hosts of the 2-D engine gfx")
+    # Where the library it is linked to will be, which is not installed while packages are made.
+    set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR})
+    set(CPACK_DEBIAN_KIT_PACKAGE_SHLIBDEPS ON)
+    string(APPEND CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
+           ", libgfx-kit${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION})")
+    set(CPACK_DEBIAN_KIT_PACKAGE_DEPENDS "libgfx${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION})")
+  endif()
 elseif(GFX_FONTS)
   set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS libfreetype-dev)
 endif()
