@@ -285,8 +285,7 @@ class Turn:
 
 
 class Font:
-    def __init__(self, face: FontCache) -> None: ...
-    def add_face(self, face: FontCache) -> None: ...
+    def __init__(self, *faces: FontCache) -> None: ...
     def add_image(
         self, code: int, mask: Surface, x: int, y: int, w: int, h: int, left: int, top: int,
         advance: int

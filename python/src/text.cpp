@@ -20,9 +20,13 @@ namespace {
 using Face = std::shared_ptr<FontCache>;
 
 struct Font : Exclusive {
-    explicit Font(Face first) : faces{std::move(first)}, engine(faces[0]->engine) {}
+    explicit Font(std::vector<Face> all) : faces(std::move(all)), engine(faces[0]->engine) {
+        for (std::size_t i = 1; i < faces.size(); ++i)
+            engine.AddFace(faces[i]->engine);
+    }
 
-    std::vector<Face> faces;
+    // Chosen once: a call claims them before it waits for the font.
+    const std::vector<Face> faces;
     std::vector<EngineSurface> masks;  // copies, so that nobody draws on them meanwhile
     std::vector<kit::GlyphImage> images;
     kit::Font engine;
@@ -63,8 +67,9 @@ void AddImage(Font& font, char32_t code, Surface& mask, int x, int y, int w, int
         EngineSurface copy = NewSurface(8);
         copy->Initialise(wide, high);
         copy->RectCopy(0, 0, wide, high, x, y, &given, false);
-        font.images.push_back({code, copy.get(), 0, 0, w, h, left, top, advance});
+        const GfxSurface* const image = copy.get();
         font.masks.push_back(std::move(copy));
+        font.images.push_back({code, image, 0, 0, w, h, left, top, advance});
         font.engine.SetImages(font.images.data(), static_cast<int>(font.images.size()));
     });
 }
@@ -73,18 +78,21 @@ void BindFont(py::module_& module) {
     Class c(module, "Font",
             "What text is set in: up to 8 faces, of which the first with a character draws it.\n"
             "No kerning and no shaping; characters above U+03FF need images.");
-    c.def(py::init([](const Face& face) { return std::make_shared<Font>(face); }),
-          py::arg("face").none(false));
-    c.def(
-        "add_face",
-        [](Font& font, const Face& face) {
-            if (font.faces.size() >= kit::Font::kMaxFaces) {
-                throw py::value_error("a font takes at most 8 faces");
-            }
-            WithFont(font, nullptr, [&] { font.engine.AddFace(face->engine); });
-            font.faces.push_back(face);
-        },
-        py::arg("face").none(false), "Adds a face for characters that those before lack.");
+    c.def(py::init([](const py::args& given) {
+              if (given.empty() || given.size() > kit::Font::kMaxFaces) {
+                  throw py::value_error("a font takes 1 to 8 faces");
+              }
+              std::vector<Face> faces;
+              for (const py::handle face : given) {
+                  if (!py::isinstance<FontCache>(face)) {
+                      throw py::type_error("a face is a FontCache, not " +
+                                           std::string(Py_TYPE(face.ptr())->tp_name));
+                  }
+                  faces.push_back(py::cast<Face>(face));
+              }
+              return std::make_shared<Font>(std::move(faces));
+          }),
+          "Text in the faces given, 1 to 8 FontCaches. The line metrics are the first one's.");
     c.def(
         "add_image",
         [](Font& font, Size code, Surface& mask, Whole x, Whole y, Whole w, Whole h, Whole left,

@@ -65,6 +65,13 @@ def test_a_string_is_its_glyphs_one_behind_the_other():
     assert gfx.draw_string(drawn, font, x=5, y=20, text="Añb", color=INK) == pen - 5
     assert (drawn.pixels == expected.pixels).all() and drawn.pixels.any()
 
+    with pytest.raises(TypeError, match="FontCache, not str"):
+        gfx.Font(FACE)
+    with pytest.raises(ValueError, match="1 to 8"):
+        gfx.Font(*[cache] * 9)
+    fallback = gfx.Font(gfx.FontCache(), cache)  # the first has no face open
+    assert gfx.measure_string(fallback, "Añb") == pen - 5
+
     mask = gfx.Surface(4, 4, 8)  # all ink
     font.add_image(0x20AC, mask, 0, 0, 4, 4, left=1, top=4, advance=6)
     del mask
