@@ -27,6 +27,8 @@ cmake_dependent_option(GFX_BUILD_EXAMPLES "Build the demo and the example hosts"
 cmake_dependent_option(GFX_BUILD_BENCH "Build the benchmark" OFF "GFX_IS_TOP_LEVEL;GFX_FONTS" OFF)
 cmake_dependent_option(GFX_BUILD_FUZZ "Build the fuzz target (clang)" OFF
                        "GFX_IS_TOP_LEVEL;GFX_FONTS" OFF)
+cmake_dependent_option(GFX_PYTHON "Build the Python package (pybind11)" OFF
+                       "GFX_IS_TOP_LEVEL;GFX_FONTS" OFF)
 option(GFX_INSTALL "Install the library, its headers and its packages" ${GFX_IS_TOP_LEVEL})
 option(GFX_STRICT "Treat the full set of warnings as errors" OFF)
 set(GFX_SANITIZE "" CACHE STRING "Sanitizers for the whole build, separated by commas")

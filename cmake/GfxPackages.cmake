@@ -53,4 +53,19 @@ elseif(GFX_FONTS)
   set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS libfreetype-dev)
 endif()
 
+if(GFX_PYTHON)
+  gfx_debian_package(python python3-gfx python)
+  list(APPEND CPACK_COMPONENTS_ALL python)
+  set(CPACK_COMPONENT_PYTHON_DESCRIPTION "Python package of the 2-D engine gfx")
+  # The module is built for one minor version of the interpreter and runs with this library or a
+  # newer one of the same major version.
+  math(EXPR next_minor "${Python3_VERSION_MINOR} + 1")
+  set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS
+      "python3 (>= 3.${Python3_VERSION_MINOR}), python3 (<< 3.${next_minor}), python3-numpy")
+  if(GFX_SHARED)
+    string(APPEND CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS
+           ", libgfx${PROJECT_VERSION_MAJOR} (>= ${PROJECT_VERSION}), libstdc++6, libc6")
+  endif()
+endif()
+
 include(CPack)
