@@ -87,8 +87,9 @@ void RadialRow(const Gradient& gradient, int x, int y, int n, std::uint32_t* wor
     }
     const double perStep = static_cast<double>(kSteps) / gradient.Radius().Units();
     const double dy = static_cast<double>(y) * 256 + 128 - gradient.Start().y.Units();
-    double dx = static_cast<double>(x) * 256 + 128 - gradient.Start().x.Units();
-    for (int i = 0; i < n; ++i, dx += 256) {
+    const double left = static_cast<double>(x) * 256 + 128 - gradient.Start().x.Units();
+    for (int i = 0; i < n; ++i) {
+        const double dx = left + 256.0 * i;
         const double step = std::sqrt(dx * dx + dy * dy) * perStep;
         words[i] = steps[static_cast<int>(std::min(step, kSteps - 1.0))];
     }

@@ -7,12 +7,15 @@ namespace gfx::kit {
 namespace {
 
 void* Take(void*, unsigned long size) {
-    void* const block = std::malloc(size == 0 ? 1 : size);
+    void* const block =
+        std::malloc(size == 0 ? 1 : size);  // NOLINT(*-no-malloc): that is asked for
     if (block == nullptr) throw std::bad_alloc();
     return block;
 }
 
-void Return(void*, void* block) { std::free(block); }
+void Return(void*, void* block) {
+    std::free(block);  // NOLINT(*-no-malloc)
+}
 
 }  // namespace
 

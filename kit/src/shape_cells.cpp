@@ -91,7 +91,7 @@ void Raster::AddWidePiece(int row, std::int32_t x0, std::int32_t x1, std::int32_
     if (column >= width) return;
     std::int32_t border = (column + 1) * 256;
     std::int32_t up = 0, rest = 0, step = 0, stepRest = 0;
-    if (border < x1) {
+    if (dx > 0 && border < x1) {
         const std::int32_t way = (border - x) * height;  // at most 2^16
         const std::int64_t start = x0 < 0 ? std::int64_t{border - x0} * height : way;
         up = static_cast<std::int32_t>((start + dx / 2) / dx);

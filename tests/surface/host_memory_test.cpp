@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <string>
 #include <vector>
 
@@ -88,24 +89,38 @@ void FillWithNoise(HandMadeSurface& s) {
 }
 
 TEST(HostMemory, Clear_of_rows_that_lie_apart_zeroes_them_and_nothing_else) {
-    for (const unsigned bits : {8u, 16u, 32u, 1u}) {
-        for (const bool hasSurface : {true, false}) {
+    for (const unsigned width : {1u, 40u}) {
+        for (const unsigned kind : {0u, 1u, 2u, 3u, 4u, 5u, 6u, 7u}) {
+            const unsigned bits = std::array{8u, 16u, 32u, 1u}[kind % 4];
+            const bool hasSurface = kind < 4;
             HandMadeSurface s(bits);
-            s.Initialise(40, 24);
+            s.Initialise(width, 24);
             FillWithNoise(s);
             if (!hasSurface) s.surface = nullptr;
             s.SetEmpty(false);
             s.Clear();
             EXPECT_TRUE(s.IsEmpty());
-            const unsigned rowBytes = bits == 1 ? 5 : 40 * s.bytesPerPixel;
+            const unsigned rowBytes = bits == 1 ? (width + 7) / 8 : width * s.bytesPerPixel;
             for (int y = 0; y < 24; ++y) {
                 const auto* row = static_cast<const std::uint8_t*>(s.Line(y));
                 EXPECT_EQ(rowBytes, std::count(row, row + rowBytes, 0))
-                    << "depth " << bits << ", row " << y << ", first row known: " << hasSurface;
+                    << "depth " << bits << ", width " << width << ", row " << y
+                    << ", first row known: " << hasSurface;
             }
             for (const FencedMemory& row : s.rows)
                 EXPECT_TRUE(row.IsFenceWhole()) << "depth " << bits;
         }
+    }
+}
+
+TEST(HostMemory, Clear_of_a_few_bytes_zeroes_them) {
+    for (unsigned size = 1; size < 5; ++size) {
+        std::uint8_t pixels[6] = {1, 2, 3, 4, 5, 6};
+        ProbeSurface s(8);
+        s.Initialise(1, size, pixels, 1, false);
+        s.Clear();
+        for (unsigned i = 0; i < 6; ++i)
+            EXPECT_EQ(i < size ? 0 : i + 1, pixels[i]) << size << " bytes";
     }
 }
 

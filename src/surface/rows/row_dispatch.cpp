@@ -58,7 +58,7 @@ constinit std::atomic<const RowKernels*> activeKernels{nullptr};
 std::span<const KernelChoice> KernelChoices() { return kChoices; }
 
 const RowKernels& ChooseKernels() {
-    const RowKernels* best = nullptr;
+    const RowKernels* best = &kRowKernelsBaseline;
     for (const KernelChoice& choice : kChoices) {
         if (choice.isRunnable()) best = &choice.kernels;
     }
