@@ -1,4 +1,5 @@
-// Marks what the shared library exports. Everything without GFX_API stays inside it.
+/// @file
+/// Marks what the shared library exports. Everything without GFX_API stays inside it.
 #ifndef GFX_EXPORT_H
 #define GFX_EXPORT_H
 

@@ -1,4 +1,5 @@
-// GfxFontCache: one TrueType face at one size, each glyph rendered once and kept.
+/// @file
+/// GfxFontCache: one TrueType face at one size, each glyph rendered once and kept.
 #ifndef GFX_FONT_CACHE_H
 #define GFX_FONT_CACHE_H
 
@@ -70,6 +71,9 @@ public:
         GlyphInfo& operator=(const GlyphInfo&) = delete;
     };
 
+    /// @name Making and destroying
+    /// @{
+
     /// A closed, empty cache. Takes no memory; the three metrics are 0.
     GfxFontCache();
 
@@ -79,6 +83,10 @@ public:
 
     /// Closes the face and returns all bands and records. May throw only what fn_free throws.
     virtual ~GfxFontCache() noexcept(false);
+    /// @}
+
+    /// @name The face
+    /// @{
 
     /// Opens the first face of a font file; a face that was open is closed first.
     ///
@@ -99,6 +107,10 @@ public:
     /// Whether the open face has a glyph of its own for `code`: any other code is drawn as the
     /// face's missing-glyph shape. False while no face is open and for codes of 1024 and more.
     bool HasGlyph(unsigned int code) const;
+    /// @}
+
+    /// @name Line metrics
+    /// @{
 
     /// The typographic ascender of the face's OS/2 table in pixels: value / unitsPerEm * emSize +
     /// 0.5, truncated toward zero; 0 before the first OpenFace and for faces without that table.
@@ -111,6 +123,10 @@ public:
 
     /// The typographic line gap in pixels; otherwise as TypoAscender.
     short TypoLineGap() const { return typoLineGap; }
+    /// @}
+
+    /// @name Glyphs
+    /// @{
 
     /// Delivers the image of a glyph, rendering it at the first request.
     ///
@@ -141,6 +157,7 @@ public:
 
     /// Delivers the geometry of a glyph as AccessGlyph does, without its image.
     void GetGlyphGeometry(unsigned short code, GlyphGeom& geom);
+    /// @}
 
 protected:
     struct FaceData;

@@ -1,5 +1,6 @@
-// Everything a host needs: the memory hooks, the pixel surface, the font cache and the version.
-// Build and packages of a library without fonts define GFX_NO_FONTS for their hosts.
+/// @file
+/// Everything a host needs: the memory hooks, the pixel surface, the font cache and the version.
+/// Build and packages of a library without fonts define GFX_NO_FONTS for their hosts.
 #ifndef GFX_GFX_H
 #define GFX_GFX_H
 

@@ -1,4 +1,5 @@
-// The host's allocation hooks: every block of the library's own memory comes from here.
+/// @file
+/// The host's allocation hooks: every block of the library's own memory comes from here.
 #ifndef GFX_MEMORY_H
 #define GFX_MEMORY_H
 
@@ -28,11 +29,11 @@ public:
 
     /// One block of `size` bytes from fn_alloc. Throws what the hook throws.
     static void* operator new(std::size_t size);
-    static void* operator new[](std::size_t size);
+    static void* operator new[](std::size_t size);  ///< the same for an array
 
     /// Hands `block` to fn_free; a null block is left alone. Throws what the hook throws.
     static void operator delete(void* block) noexcept(false);
-    static void operator delete[](void* block) noexcept(false);
+    static void operator delete[](void* block) noexcept(false);  ///< the same for an array
 };
 
 #endif  // GFX_MEMORY_H

@@ -1,5 +1,6 @@
-// GfxSurface: a rectangle of pixels of one depth, and every drawing operation on it. One file,
-// because a host reads one class in one place.
+/// @file
+/// GfxSurface: a rectangle of pixels of one depth, and every drawing operation on it. One file,
+/// because a host reads one class in one place.
 #ifndef GFX_SURFACE_H
 #define GFX_SURFACE_H
 
@@ -38,9 +39,9 @@ class GFX_API GfxSurface : public GfxMemory {
 public:
     /// One pointer into pixel memory, seen as 8-, 16- or 32-bit units. Need not be aligned.
     union MemoryPtr {
-        std::uint8_t* ptr8;
-        std::uint16_t* ptr16;
-        std::uint32_t* ptr32;
+        std::uint8_t* ptr8;    ///< bytes: grey pixels, plane and mask bytes
+        std::uint16_t* ptr16;  ///< 5-6-5 pixels
+        std::uint32_t* ptr32;  ///< colour words
     };
 
     /// Names one byte of the colour word; other values are legal where one is taken.
@@ -60,6 +61,9 @@ public:
     /// Records in the dots buffer; a line's larger extent must stay below it.
     enum : unsigned int { MAX_LINE_LENGTH = 10000 };
 
+    /// @name Making and destroying
+    /// @{
+
     /// A surface without memory; call Initialise next. Null when fn_alloc delivers null.
     /// @param bitsPerPixel  0 to 32; it never changes afterwards.
     /// @throws const char* "bpp < 33" for larger depths; what a hook throws.
@@ -71,6 +75,10 @@ public:
     /// A surface owns its memory, so it cannot be copied: make another one and RectCopy into it.
     GfxSurface(const GfxSurface&) = delete;
     GfxSurface& operator=(const GfxSurface&) = delete;
+    /// @}
+
+    /// @name Memory and size
+    /// @{
 
     /// Gives the surface zeroed memory of its own and resets the clip rectangle. What it held is
     /// released. Rows are padded to multiples of 16 bytes (depth 1: of 16 pixels).
@@ -106,6 +114,10 @@ public:
     /// and both rounded sides come out smaller. Content is lost then and the size is the rounded
     /// one. @throws as Initialise.
     void OptimiseSize();
+    /// @}
+
+    /// @name Clipping
+    /// @{
 
     /// Sets the clip rectangle to what lies inside the surface of (x, y, w, h), in pixels. A side
     /// that misses the surface gives an empty range at 0.
@@ -122,11 +134,19 @@ public:
 
     /// Sets the clip rectangle to the whole logical size.
     void ResetClipRect();
+    /// @}
+
+    /// @name Clearing
+    /// @{
 
     /// Zeroes Pitch() x DY() bytes, gaps between the rows included, and sets the `empty` flag. Of a
     /// derived surface one of whose rows lies elsewhere it zeroes the rows alone, as wide as they
     /// were laid out.
     void Clear();
+    /// @}
+
+    /// @name Properties
+    /// @{
 
     unsigned int DX() const { return dx; }        ///< logical width in pixels
     unsigned int DY() const { return dy; }        ///< logical height in pixels
@@ -151,6 +171,10 @@ public:
         transparent = true;
     }
     void SetOpaque() { transparent = false; }  ///< turns the colour key off; its value stays
+    /// @}
+
+    /// @name Single pixels
+    /// @{
 
     /// Stores a colour in pixel (x, y); only 32-bit pixels store its alpha.
     void SetPixelRGB(int x, int y, unsigned int color);
@@ -168,6 +192,10 @@ public:
     /// @param fx,fy  how far towards column x + 1 and row y + 1, not limited to 0..1. A channel
     ///               that comes out as NaN counts as 0.
     unsigned int RetPixelMergeRGB(int x, int y, double fx, double fy) const;
+    /// @}
+
+    /// @name Runs of pixels
+    /// @{
 
     /// Writes a run of n pixels, three bytes each (blue, green, red), into row y from column x on.
     /// 16- and 32-bit surfaces only; the alpha byte becomes 0. A null run writes nothing, and
@@ -180,6 +208,10 @@ public:
     /// bits write nothing; a run without pixels or beyond column 2^31 - 1 as SetPixelLineBGR24.
     void SetPixelLineMono(int x, int y, unsigned int n, unsigned int color,
                           const unsigned char* bits);
+    /// @}
+
+    /// @name Rectangles of one colour
+    /// @{
 
     /// Fills a rectangle, alpha byte included on 32-bit surfaces. The colour key plays no part.
     /// @param x,y  top-left pixel. @param w,h  size in pixels; nothing is drawn when x + w or
@@ -197,6 +229,10 @@ public:
     ///                   pixel's alpha is 255 - round((255 - a)(255 - m) / 255).
     void RectFillBlend(int x, int y, unsigned int w, unsigned int h, unsigned int color, int srcX,
                        int srcY, const GfxSurface* mask);
+    /// @}
+
+    /// @name Rectangles of another surface
+    /// @{
 
     /// Copies a rectangle from a surface of any depth, or from this one.
     /// @param x,y,w,h    the rectangle here, as RectFill.
@@ -220,6 +256,10 @@ public:
     ///                      0, k is limited to 65,536.
     void RectBlendAlpha(int x, int y, unsigned int w, unsigned int h, int srcX, int srcY,
                         double transparency, const GfxSurface* src, bool tile);
+    /// @}
+
+    /// @name Colour planes
+    /// @{
 
     /// Copies one byte of every pixel's colour word into a surface of depth 8.
     /// @param planeX,planeY  plane pixel that belongs to (x, y); cut at the plane's edges.
@@ -232,6 +272,10 @@ public:
     /// value of `which` without a name ORs the byte into blue. Otherwise as RectExtract.
     void RectInsert(int x, int y, unsigned int w, unsigned int h, int planeX, int planeY,
                     const GfxSurface* plane, ColorPlane which);
+    /// @}
+
+    /// @name Rectangles to bits
+    /// @{
 
     /// Reduces a rectangle to one bit a pixel: 1 where the grey value exceeds 128, 0 elsewhere; a
     /// pixel of alpha 128 or more leaves its bit as it was.
@@ -247,6 +291,10 @@ public:
     /// are written: their bits outside the run become 0.
     void RectExtractMonoAlpha(int x, int y, unsigned int w, unsigned int h, int bufX, int bufY,
                               unsigned char* buffer, unsigned int bufPitch);
+    /// @}
+
+    /// @name Lines
+    /// @{
 
     /// Draws a line between two pixels, both included; the reversed line gives the same pixels.
     /// Each pixel is written as by SetPixelRGBBlend. The first line of more than a pixel takes the
@@ -273,6 +321,10 @@ public:
     /// Draws a dashed anti-aliased line; see the dashed DrawLine.
     void DrawAALine(int x0, int y0, int x1, int y1, unsigned int color,
                     const unsigned short* pattern, int count);
+    /// @}
+
+    /// @name Display memory
+    /// @{
 
     /// Copies a rectangle to 16-bit display memory, red in bits 15-11, green in 10-5, blue in 4-0,
     /// low byte first. 16- and 32-bit surfaces only; nothing is clipped, blended or keyed.
@@ -293,6 +345,7 @@ public:
     /// Writes nothing: there is no 32-bit display layout.
     void QuickBltTo32(unsigned int x, unsigned int y, unsigned int w, unsigned int h, void* dest,
                       unsigned int destPitch) const;
+    /// @}
 
 protected:
     friend class GfxFontCache;
@@ -300,9 +353,11 @@ protected:
     /// A surface without memory. @throws const char* "bpp < 33".
     explicit GfxSurface(unsigned int bitsPerPixel);
 
-    // The four allocation operations are virtual so that a derived surface can supply memory its
-    // own way. The library always calls them through the virtual table, but for the destructor,
-    // which calls the class's own FreeSurfaceAndLines: a derived surface releases its own memory.
+    /// @name Memory of a derived surface
+    /// The four allocation operations are virtual so that a derived surface can supply memory its
+    /// own way. The library always calls them through the virtual table, but for the destructor,
+    /// which calls the class's own FreeSurfaceAndLines: a derived surface releases its own memory.
+    /// @{
 
     /// Obtains zeroed pixel memory of pitch x dy bytes; sets surface, ownsSurface and empty.
     virtual void AllocSurface();
@@ -316,13 +371,16 @@ protected:
 
     /// Returns everything the surface holds and nulls its pointers; sizes stay.
     virtual void FreeSurfaceAndLines();
+    /// @}
 
     /// May throw only what fn_free throws; everything is returned even then.
     virtual ~GfxSurface() noexcept(false);
 
-    // Row converters. A pixel row is in this surface's format and starts at lines[y]; a colour row
-    // holds colour words from index 0 on. Rows are trusted to hold what is addressed and not to
-    // overlap each other. x is a pixel column, n a count of pixels; n = 0 does nothing.
+    /// @name Row converters
+    /// A pixel row is in this surface's format and starts at lines[y]; a colour row holds colour
+    /// words from index 0 on. Rows are trusted to hold what is addressed and not to overlap each
+    /// other. x is a pixel column, n a count of pixels; n = 0 does nothing.
+    /// @{
 
     /// Pixels x .. x + n - 1 to colour words, with this surface's alpha below 32 bits.
     void ConvertToRGB(MemoryPtr pixelRow, MemoryPtr colorRow, unsigned int x, unsigned int n) const;
@@ -364,6 +422,10 @@ protected:
     /// Word i is opaque black where bit x + i is 1 and opaque white where it is 0.
     void InsertMonoIntoRGB(const unsigned char* bits, MemoryPtr colorRow, unsigned int x,
                            unsigned int n) const;
+    /// @}
+
+    /// @name Steps of a line
+    /// @{
 
     /// Fills the dots buffer for a line along x of `stepCount` steps (below MAX_LINE_LENGTH,
     /// trusted) that rises by `rise` rows (|rise| <= stepCount, trusted), from row y0 + offset on.
@@ -375,7 +437,10 @@ protected:
     /// The mirror: a line along y, whose column goes from x0 + offset by `rise` columns.
     void ComputeLineDotsDY(unsigned int x0, unsigned int y0, int rise, unsigned int stepCount,
                            double offset);
+    /// @}
 
+    /// @name Fields
+    /// @{
     std::uint8_t* surface;           ///< first byte of pixel memory, row 0 here; null without any
     std::uint32_t* rgbLine;          ///< scratch row of colour words, allocDX long
     std::uint8_t** lines;            ///< row table, allocDY long; null without memory
@@ -397,6 +462,7 @@ protected:
     std::uint32_t bytesPerPixel;     ///< 0, 1, 2 or 4, from depth
     std::uint32_t pixelShift;        ///< log2 of bytesPerPixel
     std::uint32_t transparentColor;  ///< colour key, a whole colour word
+    /// @}
 
 private:
     friend struct gfx::SurfaceView;  // the inside, as the library's own code sees it

@@ -43,7 +43,6 @@ struct Transfer {
     }
 
     PixelRows Target(unsigned row = 0) const { return to.Rows(rect.x, std::int64_t{rect.y} + row); }
-    PixelRows Source() const { return from.Rows(rect.srcX, rect.srcY); }
 
     /// Runs a kernel on all rows, as one where they are one run.
     /// @return the rows done, see FormatKernels.

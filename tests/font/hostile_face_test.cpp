@@ -122,6 +122,12 @@ TEST(HostileFace, Composites_are_loaded_up_to_32_deep_and_64_parts_in_all) {
     face.Add(CompositeGlyph({1}));
     face.Save(path);
     EXPECT_EQ(kNothing, Fields(GeomOf(path, 100, 1))) << "a part of itself";
+
+    BuiltFace beyond(kEm);
+    beyond.Add({});
+    beyond.Add(CompositeGlyph({65000}));
+    beyond.Save(path);
+    EXPECT_EQ(kNothing, Fields(GeomOf(path, 100, 1))) << "a part whose place lies beyond the file";
 }
 
 /// Strokes from the bottom of the em to its top, close beside each other; no band reaches them.

@@ -1,5 +1,6 @@
 // Life and memory of a surface: what it asks the hooks for and returns to them, its sizes and its
 // clip rectangle.
+#include <gfx/version.h>
 #include <gtest/gtest.h>
 
 #include <climits>
@@ -258,6 +259,29 @@ TEST(SurfaceLife, A_surface_without_memory_is_refused_no_size_that_fits_an_int) 
         }
     }
 }
+
+/// A class of a host's that takes its memory where the library does.
+struct HostObject : GfxMemory {
+    int values[5];
+};
+
+TEST(GfxMemory, Objects_and_arrays_of_them_come_from_the_hooks) {
+    LedgerCheck ledger;
+    HookLedger::StartTrace();
+    HostObject* one = new HostObject;
+    HostObject* many = new HostObject[7];
+    delete one;
+    delete[] many;
+    delete static_cast<HostObject*>(nullptr);
+    const std::vector<HookCall> calls = HookLedger::TakeTrace();
+    ASSERT_EQ(4u, calls.size());
+    EXPECT_EQ(sizeof(HostObject), calls[0].size);
+    EXPECT_EQ(7 * sizeof(HostObject), calls[1].size);
+    EXPECT_EQ(calls[0].block, calls[2].block);
+    EXPECT_EQ(calls[1].block, calls[3].block);
+}
+
+TEST(Version, Of_the_library_is_that_of_the_headers) { EXPECT_EQ(GFX_VERSION, GfxVersion()); }
 
 }  // namespace
 }  // namespace test

@@ -130,5 +130,17 @@ TEST(LineSteps, Find_the_stretch_whose_minor_coordinate_lies_inside) {
     }
 }
 
+TEST(RecurringSteps, Are_moved_by_as_many_steps_one_by_one) {
+    for (const int rise : {-97, -3, 0, 55, 100}) {
+        gfx::RecurringSteps one(20, 0.5, rise, 100);
+        for (unsigned i = 0; i <= 100; ++i) {
+            gfx::RecurringSteps other(20, 0.5, rise, 100);
+            other.MoveTo(i);
+            ASSERT_EQ(one.Minor(), other.Minor()) << rise << " at step " << i;
+            one.Advance();
+        }
+    }
+}
+
 }  // namespace
 }  // namespace test

@@ -1,5 +1,6 @@
-// Colours by red, green, blue and opacity. The engine's colour words count transparency in their
-// top byte; here that is said by names, once, and nowhere else in a host's code.
+/// @file
+/// Colours by red, green, blue and opacity. The engine's colour words count transparency in their
+/// top byte; here that is said by names, once, and nowhere else in a host's code.
 #ifndef GFX_KIT_COLOR_H
 #define GFX_KIT_COLOR_H
 
@@ -42,10 +43,10 @@ public:
     /// The usual 0xAARRGGBB, whose top byte is the opacity.
     constexpr std::uint32_t Argb() const { return word_ ^ 0xFF000000; }
 
-    constexpr unsigned Red() const { return word_ >> 16 & 0xFF; }
-    constexpr unsigned Green() const { return word_ >> 8 & 0xFF; }
-    constexpr unsigned Blue() const { return word_ & 0xFF; }
-    constexpr unsigned Opacity() const { return 255 - (word_ >> 24); }
+    constexpr unsigned Red() const { return word_ >> 16 & 0xFF; }       ///< 0 to 255
+    constexpr unsigned Green() const { return word_ >> 8 & 0xFF; }      ///< 0 to 255
+    constexpr unsigned Blue() const { return word_ & 0xFF; }            ///< 0 to 255
+    constexpr unsigned Opacity() const { return 255 - (word_ >> 24); }  ///< 0 invisible to 255
 
     /// The same channels under another opacity, 0 to 255; of larger values the low 8 bits count.
     constexpr Color WithOpacity(unsigned opacity) const {
@@ -58,7 +59,9 @@ public:
         return WithOpacity((Opacity() * factor + 127) / 255);
     }
 
+    /// Equal channels and equal opacity; invisible colours differ by their channels too.
     friend constexpr bool operator==(Color a, Color b) { return a.word_ == b.word_; }
+    /// The opposite.
     friend constexpr bool operator!=(Color a, Color b) { return a.word_ != b.word_; }
 
 private:

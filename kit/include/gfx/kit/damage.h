@@ -1,5 +1,6 @@
-// What of a screen has changed: rectangles collected, merged, aligned to what a bus takes, and
-// handed to the host.
+/// @file
+/// What of a screen has changed: rectangles collected, merged, aligned to what a bus takes, and
+/// handed to the host.
 #ifndef GFX_KIT_DAMAGE_H
 #define GFX_KIT_DAMAGE_H
 
@@ -14,6 +15,7 @@ struct DamageRect {
     unsigned w;  ///< width in pixels, at least 1
     unsigned h;  ///< height in pixels, at least 1
 
+    /// The same place and size.
     friend constexpr bool operator==(const DamageRect& a, const DamageRect& b) {
         return a.x == b.x && a.y == b.y && a.w == b.w && a.h == b.h;
     }
@@ -37,8 +39,8 @@ public:
     /// Adds the whole screen.
     void AddAll() { Add(0, 0, width_, height_); }
 
-    bool IsEmpty() const { return count_ == 0; }
-    int Count() const { return count_; }  ///< rectangles in the list
+    bool IsEmpty() const { return count_ == 0; }  ///< whether nothing is damaged
+    int Count() const { return count_; }          ///< rectangles in the list
 
     /// A rectangle of the list. @param i  from 0 to Count() - 1, trusted
     const DamageRect& operator[](int i) const { return rects_[i]; }

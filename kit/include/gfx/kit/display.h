@@ -1,5 +1,6 @@
-// Pixels on their way to a display: the engine's display blits with their arguments checked, and
-// the order of bytes that some buses want.
+/// @file
+/// Pixels on their way to a display: the engine's display blits with their arguments checked, and
+/// the order of bytes that some buses want.
 #ifndef GFX_KIT_DISPLAY_H
 #define GFX_KIT_DISPLAY_H
 

@@ -1,5 +1,6 @@
-// Marks what the kit's shared library exports. GFX_STATIC, which builds of static libraries pass
-// on, holds for both libraries.
+/// @file
+/// Marks what the kit's shared library exports. GFX_STATIC, which builds of static libraries pass
+/// on, holds for both libraries.
 #ifndef GFX_KIT_EXPORT_H
 #define GFX_KIT_EXPORT_H
 
@@ -12,5 +13,9 @@
 #else
 #define GFX_KIT_API __attribute__((visibility("default")))
 #endif
+
+/// What surrounds drawing in a host: owners, shapes, text, pictures, displays. Made from the
+/// engine's public interface alone.
+namespace gfx::kit {}
 
 #endif  // GFX_KIT_EXPORT_H

@@ -1,4 +1,5 @@
-// Where shapes lie: coordinates in 1/256 pixel, points, rectangles and angles. Values only.
+/// @file
+/// Where shapes lie: coordinates in 1/256 pixel, points, rectangles and angles. Values only.
 #ifndef GFX_KIT_GEOMETRY_H
 #define GFX_KIT_GEOMETRY_H
 
@@ -19,6 +20,7 @@ public:
     static constexpr std::int32_t kOne = 256;              ///< units in a pixel
     static constexpr std::int32_t kLimit = (1 << 23) - 1;  ///< largest value in units
 
+    /// 0.
     constexpr Fixed() = default;
 
     /// A whole number of pixels.
@@ -39,12 +41,23 @@ public:
 
     constexpr std::int32_t Units() const { return units_; }  ///< the value in 1/256 pixel
 
+    /// @name Arithmetic
+    /// Sums and differences beyond the range become the nearest limit.
+    /// @{
+
+    /// Their sum.
     friend constexpr Fixed operator+(Fixed a, Fixed b) { return FromUnits(a.units_ + b.units_); }
+    /// Their difference.
     friend constexpr Fixed operator-(Fixed a, Fixed b) { return FromUnits(a.units_ - b.units_); }
+    /// The opposite.
     friend constexpr Fixed operator-(Fixed a) { return FromUnits(-a.units_); }
+    /// The same length.
     friend constexpr bool operator==(Fixed a, Fixed b) { return a.units_ == b.units_; }
+    /// Another length.
     friend constexpr bool operator!=(Fixed a, Fixed b) { return a.units_ != b.units_; }
+    /// Less.
     friend constexpr bool operator<(Fixed a, Fixed b) { return a.units_ < b.units_; }
+    /// @}
 
 private:
     template <class Int>
@@ -73,8 +86,8 @@ private:
 
 /// A position; y grows downwards.
 struct Point {
-    Fixed x;
-    Fixed y;
+    Fixed x;  ///< to the right
+    Fixed y;  ///< downwards
 };
 
 /// A rectangle in 1/256 pixel. One whose width or height is not positive holds nothing.
@@ -90,6 +103,7 @@ class Angle {
 public:
     static constexpr std::int32_t kTurn = 1 << 24;  ///< units in a whole turn
 
+    /// Upwards.
     constexpr Angle() = default;
 
     /// Whole degrees, any number of turns; rounded to the nearest unit, at most 127 turns.

@@ -1,5 +1,6 @@
-// Owners: a surface that returns itself, a clip rectangle that is restored, hooks for hosts that
-// have no wish of their own.
+/// @file
+/// Owners: a surface that returns itself, a clip rectangle that is restored, hooks for hosts that
+/// have no wish of their own.
 #ifndef GFX_KIT_OWNING_H
 #define GFX_KIT_OWNING_H
 
@@ -40,25 +41,31 @@ public:
     /// Takes over a surface that GfxSurface::New made; null for none.
     explicit Surface(GfxSurface* surface) : surface_(surface) {}
 
+    /// Takes over what the other one owns.
     Surface(Surface&& other) noexcept : surface_(other.Release()) {}
+
+    /// The same; returns what this one owned. @throws what fn_free throws
     Surface& operator=(Surface&& other) {
         Surface(std::move(other)).Swap(*this);
         return *this;
     }
+
+    /// A surface has one owner.
     Surface(const Surface&) = delete;
     Surface& operator=(const Surface&) = delete;
 
     /// Returns the surface. @throws what fn_free throws
     ~Surface() noexcept(false) { GfxSurface::Delete(surface_); }
 
-    GfxSurface* Get() const { return surface_; }
-    GfxSurface* operator->() const { return surface_; }
-    GfxSurface& operator*() const { return *surface_; }
+    GfxSurface* Get() const { return surface_; }         ///< the surface; null for none
+    GfxSurface* operator->() const { return surface_; }  ///< the surface, which must exist
+    GfxSurface& operator*() const { return *surface_; }  ///< the surface, which must exist
     explicit operator bool() const { return surface_ != nullptr; }  ///< whether it owns one
 
     /// Gives the surface to the caller, who deletes it.
     GfxSurface* Release() { return std::exchange(surface_, nullptr); }
 
+    /// Exchanges what two owners own.
     void Swap(Surface& other) noexcept { std::swap(surface_, other.surface_); }
 
 private:
@@ -76,7 +83,11 @@ public:
         const Side down = Common({y_, h_}, {y, h});
         surface.SetClipRect(across.start, down.start, across.size, down.size);
     }
+
+    /// Puts back the clip rectangle that was.
     ~ClipScope() { surface_.SetClipRect(x_, y_, w_, h_); }
+
+    /// A scope ends once.
     ClipScope(const ClipScope&) = delete;
     ClipScope& operator=(const ClipScope&) = delete;
 

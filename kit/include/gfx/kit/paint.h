@@ -1,4 +1,5 @@
-// What a shape is filled with: one colour, or a gradient along a line or around a point.
+/// @file
+/// What a shape is filled with: one colour, or a gradient along a line or around a point.
 #ifndef GFX_KIT_PAINT_H
 #define GFX_KIT_PAINT_H
 
@@ -39,7 +40,10 @@ public:
     static Gradient Radial(Point center, Fixed radius, const ColorStop* stops, int count);
 
     /// Which of the two kinds this is.
-    enum class Kind { kLinear, kRadial };
+    enum class Kind {
+        kLinear,  ///< along a line
+        kRadial   ///< around a point
+    };
 
     Kind GetKind() const { return kind_; }                 ///< the kind
     Point Start() const { return start_; }                 ///< `from`, or the centre
@@ -63,7 +67,10 @@ private:
 /// must live until the drawing call returns.
 class Paint {
 public:
+    /// One colour.
     Paint(Color color) : word_(color.Word()) {}
+
+    /// A gradient, which is referred to.
     Paint(const Gradient& gradient) : gradient_(&gradient) {}
 
     const Gradient* GetGradient() const { return gradient_; }  ///< null for a colour

@@ -1,13 +1,14 @@
-// Pictures drawn larger, smaller, turned, mirrored, through a palette, or dithered.
-//
-// Sources and targets may have any depth that the engine draws (2 to 32); pixels go through colour
-// words, so what the engine does to colours on their way holds here too. Targets are clipped to
-// their clip rectangle. All of it is integer arithmetic: the same pixels on every processor. A
-// source that shares memory with its target may be read after it was drawn on.
-//
-// What is drawn nowhere: a source rectangle that does not lie inside the source, or is empty.
-// Each function takes memory for a few rows from the hooks while it runs, and throws what a hook
-// throws; part of the picture may be drawn then.
+/// @file
+/// Pictures drawn larger, smaller, turned, mirrored, through a palette, or dithered.
+///
+/// Sources and targets may have any depth that the engine draws (2 to 32); pixels go through colour
+/// words, so what the engine does to colours on their way holds here too. Targets are clipped to
+/// their clip rectangle. All of it is integer arithmetic: the same pixels on every processor. A
+/// source that shares memory with its target may be read after it was drawn on.
+///
+/// What is drawn nowhere: a source rectangle that does not lie inside the source, or is empty.
+/// Each function takes memory for a few rows from the hooks while it runs, and throws what a hook
+/// throws; part of the picture may be drawn then.
 #ifndef GFX_KIT_PICTURES_H
 #define GFX_KIT_PICTURES_H
 
@@ -27,7 +28,10 @@ struct PictureRect {
 
 /// How pixels are written: as RectCopy does, the target's colour key included, or as RectBlend
 /// does, by each pixel's alpha.
-enum class Writing { kCopy, kBlend };
+enum class Writing {
+    kCopy,  ///< as RectCopy
+    kBlend  ///< as RectBlend
+};
 
 /// How a picture is scaled. Column i of a target w wide stands for source columns i s / w to
 /// (i + 1) s / w of a source s wide, and rows likewise.
@@ -50,14 +54,14 @@ GFX_KIT_API void DrawScaled(GfxSurface& target, PictureRect to, const GfxSurface
 
 /// Quarter turns are clockwise; kMirrored swaps left and right before it is turned.
 enum class Orientation {
-    kUpright,
-    kQuarter,
-    kHalf,
-    kThreeQuarters,
-    kMirrored,
-    kMirroredQuarter,
-    kMirroredHalf,
-    kMirroredThreeQuarters
+    kUpright,               ///< as it is
+    kQuarter,               ///< the top goes to the right
+    kHalf,                  ///< upside down
+    kThreeQuarters,         ///< the top goes to the left
+    kMirrored,              ///< left and right swapped
+    kMirroredQuarter,       ///< that, and the top to the right
+    kMirroredHalf,          ///< top and bottom swapped
+    kMirroredThreeQuarters  ///< mirrored, and the top to the left
 };
 
 /// Draws a rectangle of a source turned or mirrored, its upper left corner at (x, y).

@@ -1,4 +1,5 @@
-// Canvas: anti-aliased shapes drawn on a surface.
+/// @file
+/// Canvas: anti-aliased shapes drawn on a surface.
 #ifndef GFX_KIT_SHAPES_H
 #define GFX_KIT_SHAPES_H
 
@@ -31,10 +32,10 @@ enum class Join {
 
 /// How a line is drawn.
 struct Stroke {
-    Fixed width = 1;       ///< whole width; 0 or less draws nothing
-    Cap cap = Cap::kButt;  ///< both ends of a line, and dots: a line all in one point
-    Join join = Join::kMiter;
-    Fixed miterLimit = 4;  ///< longest miter, measured from inner to outer corner, in widths
+    Fixed width = 1;           ///< whole width; 0 or less draws nothing
+    Cap cap = Cap::kButt;      ///< both ends of a line, and dots: a line all in one point
+    Join join = Join::kMiter;  ///< all corners
+    Fixed miterLimit = 4;      ///< longest miter, measured from inner to outer corner, in widths
 };
 
 /// Draws anti-aliased shapes on one surface and keeps the scratch memory that takes, from the

@@ -1,4 +1,5 @@
-// Text: UTF-8 strings measured, drawn, broken into lines and set into boxes.
+/// @file
+/// Text: UTF-8 strings measured, drawn, broken into lines and set into boxes.
 #ifndef GFX_KIT_TEXT_H
 #define GFX_KIT_TEXT_H
 
@@ -86,14 +87,27 @@ private:
 };
 
 /// Where a string lies along its line.
-enum class AlignX { kLeft, kCenter, kRight };
+enum class AlignX {
+    kLeft,    ///< it begins there
+    kCenter,  ///< its middle lies there
+    kRight    ///< it ends there
+};
 
-/// Where lines lie in the height of a box. kBaseline puts the first baseline on its top edge.
-enum class AlignY { kTop, kBaseline, kMiddle, kBottom };
+/// Where lines lie in the height of a box.
+enum class AlignY {
+    kTop,       ///< the first line at the upper edge
+    kBaseline,  ///< the first baseline on the upper edge
+    kMiddle,    ///< as much room above as below
+    kBottom     ///< the last line at the lower edge
+};
 
 /// Which way the baseline runs. Turned text is as legible as upright text: its pixels are those of
 /// upright text, turned around the pen's pixel.
-enum class Turn { kNone, kUp, kDown };
+enum class Turn {
+    kNone,  ///< to the right
+    kUp,    ///< upwards
+    kDown   ///< downwards
+};
 
 /// The width of a string in pixels: its advances, with the tracking between them. Saturates at
 /// +-2^30. @throws what a hook throws.

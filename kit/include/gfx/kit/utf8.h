@@ -1,4 +1,5 @@
-// UTF-8, one character at a time.
+/// @file
+/// UTF-8, one character at a time.
 #ifndef GFX_KIT_UTF8_H
 #define GFX_KIT_UTF8_H
 
