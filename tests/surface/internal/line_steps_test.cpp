@@ -1,4 +1,5 @@
 // The closed form of line steps against the recurrence that defines them.
+#include "surface/lines/line_recurrence.h"
 #include "surface/lines/line_steps.h"
 
 #include <gtest/gtest.h>
