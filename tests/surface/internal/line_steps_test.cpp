@@ -1,6 +1,6 @@
 // The closed form of line steps against the recurrence that defines them.
-#include "surface/lines/line_recurrence.h"
 #include "surface/lines/line_steps.h"
+#include "surface/lines/line_recurrence.h"
 
 #include <gtest/gtest.h>
 
