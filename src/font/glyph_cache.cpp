@@ -53,8 +53,8 @@ void WidenBits(std::uint8_t* row, unsigned width) {
     }
 }
 
-/// Turns what the engine rendered into transparencies, one byte a pixel.
-void ConvertToTransparency(const gfx::RasterMap& map, unsigned width, bool isAntialiased) {
+/// Turns what the engine rendered into transparencies, one byte a pixel that is kept.
+void ConvertToTransparency(const gfx::RasterMap& map, bool isAntialiased) {
     std::uint8_t* const end = map.buffer + map.byteSize;
     if (isAntialiased) {
         std::transform(map.buffer, end, map.buffer,
@@ -62,7 +62,7 @@ void ConvertToTransparency(const gfx::RasterMap& map, unsigned width, bool isAnt
         return;
     }
     for (std::uint8_t* row = map.buffer; row != end; row += map.bytesPerRow)
-        WidenBits(row, width);
+        WidenBits(row, map.keptPixels);
 }
 
 /// Loads and measures a glyph. One that costs more than the budgets allow has no image.
@@ -181,7 +181,7 @@ void GfxFontCache::FillGlyphInfo(GlyphInfo* info) {
         const gfx::RasterMap& map = open.rasterMap;
         if (map.byteSize != 0) {
             gfx::RenderGlyph(open.engine, open.glyph, geom.left, geom.bottom, antialias, map);
-            ConvertToTransparency(map, width, antialias);
+            ConvertToTransparency(map, antialias);
         }
         GfxSurface image(8);
         image.Initialise(width, height, map.buffer, map.bytesPerRow, false);
