@@ -5,7 +5,6 @@
 #include "guard.h"
 
 using gfx::c::Engine;
-using gfx::c::Guard;
 using gfx::c::On;
 
 namespace {
@@ -21,10 +20,7 @@ gfx_status gfx_font_cache_new(gfx_font_cache** font) noexcept {
 }
 
 gfx_status gfx_font_cache_delete(gfx_font_cache** font) noexcept {
-    if (font == nullptr || *font == nullptr) return GFX_NULL_ARGUMENT;
-    GfxFontCache* f = Engine(*font);
-    *font = nullptr;
-    return Guard([&] { delete f; });
+    return gfx::c::DestroyObject(font, [](GfxFontCache* f) { delete f; });
 }
 
 gfx_status gfx_font_cache_open_face(gfx_font_cache* font, const char* path, int emSize,

@@ -53,6 +53,15 @@ gfx_status On(Handle* handle, Operation operation) noexcept {
     return Guard([&] { operation(*Engine(handle)); });
 }
 
+/// Destroys the object behind *handle, which becomes null.
+template <class Handle, class Destroy>
+gfx_status DestroyObject(Handle** handle, Destroy destroy) noexcept {
+    if (handle == nullptr || *handle == nullptr) return GFX_NULL_ARGUMENT;
+    auto* object = Engine(*handle);
+    *handle = nullptr;
+    return Guard([&] { destroy(object); });
+}
+
 /// Makes an object where there are hooks; `make` delivers it or null.
 template <class Handle, class Make>
 gfx_status MakeObject(Handle** made, Make make) noexcept {

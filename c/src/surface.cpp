@@ -11,10 +11,7 @@ gfx_status gfx_surface_new(unsigned int bitsPerPixel, gfx_surface** surface) noe
 }
 
 gfx_status gfx_surface_delete(gfx_surface** surface) noexcept {
-    if (surface == nullptr || *surface == nullptr) return GFX_NULL_ARGUMENT;
-    GfxSurface* s = Engine(*surface);
-    *surface = nullptr;
-    return gfx::c::Guard([&] { GfxSurface::Delete(s); });
+    return gfx::c::DestroyObject(surface, [](GfxSurface* s) { GfxSurface::Delete(s); });
 }
 
 gfx_status gfx_surface_initialise(gfx_surface* surface, unsigned int w, unsigned int h) noexcept {

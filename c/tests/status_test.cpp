@@ -101,6 +101,33 @@ TEST(Status, MissingPlacesForResultsAreRefused) {
         EXPECT_EQ(status, GFX_NULL_ARGUMENT) << &status - all;
 }
 
+TEST(Status, NumbersWithoutANameInTheKitAreRefusedAndDrawNothing) {
+    gfx_use_runtime_memory();
+    World w, untouched;
+    const gfx_paint ink = {nullptr, 0};
+    const gfx_point p[] = {{0, 0}, {2560, 99}, {99, 2560}};
+    const gfx_picture_rect all = {0, 0, 9, 9};
+    const uint32_t colors[256] = {};
+    const gfx_status refused[] = {
+        gfx_canvas_draw_arc(w.cCanvas, p[1], 999, 256, 0, 1 << 22, 3, ink),
+        gfx_canvas_fill_polygon(w.cCanvas, p, 3, 2, ink),
+        gfx_canvas_draw_line(w.cCanvas, p[0], p[1], {256, 3, 0, 0}, ink),
+        gfx_canvas_draw_line(w.cCanvas, p[0], p[1], {256, 0, 3, 0}, ink),
+        gfx_canvas_draw_polyline(w.cCanvas, p, 3, true, {256, 3, 0, 0}, ink),
+        gfx_draw_string(w.cSurface, w.cTextFont, 9, 9, "a", 1, 0, 3, 0, nullptr),
+        gfx_draw_string(w.cSurface, w.cTextFont, 9, 9, "a", 1, 0, 0, 3, nullptr),
+        gfx_draw_string_in_box(w.cSurface, w.cTextFont, {0, 0, 9, 9}, "a", 1,
+                               {0, 0, 4, 0, false, false}, nullptr),
+        gfx_draw_scaled(w.cSurface, all, w.cSource, all, 3, 0),
+        gfx_draw_scaled(w.cSurface, all, w.cSource, all, 0, 2),
+        gfx_draw_oriented(w.cSurface, 0, 0, w.cSource, all, 8, 0),
+        gfx_draw_oriented(w.cSurface, 0, 0, w.cSource, all, 0, 2),
+        gfx_draw_indexed(w.cSurface, 0, 0, w.cMask, all, colors, -1, 2)};
+    for (const gfx_status status : refused)
+        EXPECT_EQ(status, GFX_NO_SUCH_VALUE) << &status - refused;
+    EXPECT_EQ(w.State(), untouched.State());
+}
+
 // As where the host is C++ with hooks of its own, which may throw anything.
 TEST(Status, ExceptionsOfForeignHooksEndAtTheBorder) {
     GfxMemory::fn_free = [](void*, void* block) { std::free(block); };

@@ -1,7 +1,7 @@
 // Objects that every operation can be tried on, and hooks in C that fail on demand.
 #pragma once
 
-#include <gfx/c.h>
+#include <gfx/c/kit.h>
 #include <gfx/gfx.h>
 
 #include <cstdint>
@@ -48,6 +48,9 @@ struct World {
     gfx_surface* cSource = reinterpret_cast<gfx_surface*>(source);
     gfx_surface* cMask = reinterpret_cast<gfx_surface*>(mask);
     gfx_font_cache* cFont = reinterpret_cast<gfx_font_cache*>(font);
+    gfx_canvas* cCanvas = nullptr;
+    gfx_font* cTextFont = nullptr;
+    gfx_damage* cDamage = nullptr;
     std::vector<unsigned char> buffer = std::vector<unsigned char>(4 * kWidth * kHeight);
     std::vector<std::uint32_t> results;
 
@@ -62,8 +65,14 @@ struct World {
         for (std::size_t i = 0; i < buffer.size(); ++i)
             buffer[i] = Random(i);
         font->OpenFace(GFX_TEST_FACE, 14, true);
+        gfx_canvas_new(cSurface, &cCanvas);
+        gfx_font_new(cFont, &cTextFont);
+        gfx_damage_new(kWidth, kHeight, 4, 2, &cDamage);
     }
     ~World() {
+        gfx_canvas_delete(&cCanvas);
+        gfx_font_delete(&cTextFont);
+        gfx_damage_delete(&cDamage);
         GfxSurface::Delete(surface);
         GfxSurface::Delete(source);
         GfxSurface::Delete(mask);
@@ -117,6 +126,14 @@ struct Pair {
     void (*inCpp)(World& w);
 };
 
-extern const std::vector<Pair> kPairs;
+extern const std::vector<Pair> kEnginePairs;
+extern const std::vector<Pair> kKitPairs;
+
+/// Both lists.
+inline std::vector<Pair> AllPairs() {
+    std::vector<Pair> all = kEnginePairs;
+    all.insert(all.end(), kKitPairs.begin(), kKitPairs.end());
+    return all;
+}
 
 }  // namespace test

@@ -18,6 +18,8 @@ typedef enum gfx_status {
     GFX_NO_HOOKS,         /**< an object was asked for before the memory hooks were set */
     GFX_NO_MEMORY,        /**< the allocating hook delivered NULL */
     GFX_NO_FACE,          /**< the font file cannot be opened: GfxFontCache::OpenFace is false */
+    GFX_NO_SUCH_VALUE,    /**< an enumeration or a list has nothing by this number */
+    GFX_TOO_MANY_FACES,   /**< a font has as many faces as it takes */
     GFX_DEPTH_REFUSED,    /**< the engine's "bpp < 33" */
     GFX_WIDTH_REFUSED,    /**< the engine's "dx <= INT_MAX" */
     GFX_HEIGHT_REFUSED,   /**< the engine's "dy <= INT_MAX" */

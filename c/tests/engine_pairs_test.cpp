@@ -51,7 +51,7 @@ void RecordGeom(World& w, const GfxFontCache::GlyphGeom& g) {
 #define PLAIN(nameInC, nameInCpp, ...) \
     IN_BOTH(nameInC, nameInCpp, (w.cSurface, __VA_ARGS__), (__VA_ARGS__))
 
-const std::vector<Pair> kPairs = {
+const std::vector<Pair> kEnginePairs = {
     {"gfx_surface_new",
      [](World& w) {
          gfx_surface* made = nullptr;
