@@ -31,7 +31,7 @@ gfx_status gfx::c::StatusOfRefusal(const char* text) {
     return GFX_UNKNOWN_EXCEPTION;
 }
 
-const char* gfx_status_text(gfx_status status) noexcept {
+const char* gfx_status_text(int status) noexcept {
     const auto number = static_cast<unsigned int>(status);
     return number <= GFX_UNKNOWN_EXCEPTION ? kTexts[number] : "no status of this version";
 }

@@ -46,11 +46,13 @@ TEST(Status, RefusalsOfTheEngineKeepTheirTexts) {
 
 TEST(Status, EveryStatusHasATextOfItsOwn) {
     std::set<std::string> texts;
-    for (int status = GFX_OK; status <= GFX_UNKNOWN_EXCEPTION + 1; ++status)
-        texts.insert(gfx_status_text(static_cast<gfx_status>(status)));
+    for (int status = GFX_OK; status <= GFX_UNKNOWN_EXCEPTION + 1; ++status) {
+        texts.insert(gfx_status_text(status));
+    }
     EXPECT_EQ(texts.size(), GFX_UNKNOWN_EXCEPTION + 2U);
-    EXPECT_STREQ(gfx_status_text(static_cast<gfx_status>(GFX_UNKNOWN_EXCEPTION + 2)),
-                 gfx_status_text(static_cast<gfx_status>(GFX_UNKNOWN_EXCEPTION + 1)));
+    for (const int other : {-1, INT_MIN, INT_MAX}) {
+        EXPECT_STREQ(gfx_status_text(other), gfx_status_text(GFX_UNKNOWN_EXCEPTION + 1)) << other;
+    }
 }
 
 TEST(Status, ObjectsWithoutHooksAreRefused) {

@@ -35,7 +35,7 @@ const CPP = {
 const C = {
   New: (on, [depth, w, h]) => [`gfx_surface* ${on};`, `gfx_surface_new(${depth}, &${on});`,
                                `gfx_surface_initialise(${on}, ${w}, ${h});`],
-  NewBytes: CPP.NewBytes,
+  NewBytes: (on, [n]) => [`unsigned char ${on}[${n}] = {0};`],
   NewBits: CPP.NewBits,
   NewRamp: (on, args) => CPP.NewRamp(on, args)
       .map((line) => line.replace(/static_cast<unsigned char>/, '(unsigned char)')),

@@ -31,8 +31,9 @@ typedef enum gfx_status {
 } gfx_status;
 
 /** What a status says, in English; for a refusal of the engine exactly the text that it throws. The
- * text lives as long as the library. Never NULL, also for numbers that are no status. */
-GFX_C_API const char* gfx_status_text(gfx_status status) GFX_C_NOEXCEPT;
+ * text lives as long as the library. Never NULL.
+ * @param status  a gfx_status, or any other number. */
+GFX_C_API const char* gfx_status_text(int status) GFX_C_NOEXCEPT;
 
 #ifdef __cplusplus
 }
