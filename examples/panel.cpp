@@ -145,5 +145,8 @@ int main(int argc, char** argv) {
         if (shot == nullptr) SDL_Delay(33);
     }
     if (shot != nullptr) WritePng(shot, *panel.screen);
+    SDL_DestroyTexture(texture);
+    SDL_DestroyRenderer(renderer);
+    SDL_DestroyWindow(window);
     SDL_Quit();
 }
