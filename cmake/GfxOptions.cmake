@@ -14,6 +14,7 @@ endif()
 
 option(GFX_FONTS "Build the font cache, which needs FreeType" ON)
 option(GFX_KIT "Build gfx::kit, what hosts need besides the engine" ON)
+option(GFX_C "Build gfx::c, the C interface" ON)
 set(GFX_KERNELS all CACHE STRING "Instruction sets: all that a processor may have, or baseline")
 set_property(CACHE GFX_KERNELS PROPERTY STRINGS all baseline)
 if(NOT GFX_KERNELS MATCHES "^(all|baseline)$")

@@ -33,13 +33,13 @@ const CPP = {
   NewCanvas: (on) => [`gfx::kit::Canvas ${on}(*surface);`],
 };
 const C = {
-  New: (on, [depth, w, h]) => [`gfx_surface* ${on} = gfx_surface_new(${depth});`,
+  New: (on, [depth, w, h]) => [`gfx_surface* ${on};`, `gfx_surface_new(${depth}, &${on});`,
                                `gfx_surface_initialise(${on}, ${w}, ${h});`],
   NewBytes: CPP.NewBytes,
   NewBits: CPP.NewBits,
   NewRamp: (on, args) => CPP.NewRamp(on, args)
       .map((line) => line.replace(/static_cast<unsigned char>/, '(unsigned char)')),
-  NewFont: (on) => [`gfx_font_cache* ${on} = gfx_font_cache_new();`],
+  NewFont: (on) => [`gfx_font_cache* ${on};`, `gfx_font_cache_new(&${on});`],
 };
 const PYTHON = {
   New: (on, [depth, w, h]) => [`${on} = gfx.Surface(${depth}, ${w}, ${h})`],
@@ -118,8 +118,12 @@ function call(statement, language) {
   }
   if (language === 'c') {
     const type = on === 'font' ? 'gfx_font_cache' : 'gfx_surface';
-    return [...before, `${isValue ? 'uint32_t value = ' : ''}${type}_` +
-                       `${snake(operation.code || op)}(${[on, ...shown].join(', ')});`];
+    if (isValue) {
+      before.push('uint32_t value;');
+      shown.push('&value');
+    }
+    return [...before,
+            `${type}_${snake(operation.code || op)}(${[on, ...shown].join(', ')});`];
   }
   const keys = operation.dashed ? [...names.slice(0, -2), 'pattern'] : names;
   return [`${isValue ? 'value = ' : ''}${on}.${snake(op)}(` +
