@@ -35,9 +35,11 @@ bool Overlap(const DamageRect& a, const DamageRect& b) {
     return a.x < b.x + b.w && b.x < a.x + a.w && a.y < b.y + b.h && b.y < a.y + a.h;
 }
 
-/// Whether the smallest rectangle around both holds nothing else, or they have to be merged.
+/// Whether the smallest rectangle around both holds little else.
 bool BelongTogether(const DamageRect& a, const DamageRect& b) {
-    return Overlap(a, b) || AreaOf(Around(a, b)) == AreaOf(a) + AreaOf(b);
+    const std::uint64_t both = AreaOf(a) + AreaOf(b);
+    const std::uint64_t around = AreaOf(Around(a, b));
+    return Overlap(a, b) ? around <= both + both / 2 : around == both;
 }
 
 }  // namespace
@@ -53,21 +55,34 @@ void DamageList::Add(int x, int y, unsigned w, unsigned h) {
     const Side down = OnScreen(y, h, height_, alignY_);
     if (across.size == 0 || down.size == 0) return;
     Insert({across.start, down.start, across.size, down.size});
+}
+
+void DamageList::Insert(const DamageRect& rect) {
+    for (int i = 0; i < count_; ++i) {
+        const DamageRect other = rects_[i];
+        if (BelongTogether(rect, other)) {
+            rects_[i] = rects_[--count_];
+            return Insert(Around(rect, other));
+        }
+        if (Overlap(rect, other)) return InsertAround(rect, other);
+    }
+    rects_[count_++] = rect;
     if (count_ > kCapacity) MergeCheapest();
 }
 
-void DamageList::Insert(DamageRect rect) {
-    // A rectangle that grows may reach others that it was apart from.
-    for (int i = 0; i < count_;) {
-        if (!BelongTogether(rect, rects_[i])) {
-            ++i;
-            continue;
-        }
-        rect = Around(rect, rects_[i]);
-        rects_[i] = rects_[--count_];
-        i = 0;
+void DamageList::InsertAround(const DamageRect& rect, const DamageRect& other) {
+    const unsigned right = rect.x + rect.w;
+    const unsigned bottom = rect.y + rect.h;
+    const unsigned top = std::max(rect.y, other.y);
+    const unsigned end = std::min(bottom, other.y + other.h);
+    const DamageRect pieces[] = {{rect.x, rect.y, rect.w, top - rect.y},
+                                 {rect.x, end, rect.w, bottom - end},
+                                 {rect.x, top, std::max(rect.x, other.x) - rect.x, end - top},
+                                 {std::min(right, other.x + other.w), top,
+                                  right - std::min(right, other.x + other.w), end - top}};
+    for (const DamageRect& piece : pieces) {
+        if (piece.w != 0 && piece.h != 0) Insert(piece);
     }
-    rects_[count_++] = rect;
 }
 
 void DamageList::MergeCheapest() {
@@ -84,10 +99,20 @@ void DamageList::MergeCheapest() {
             second = j;
         }
     }
-    const DamageRect merged = Around(rects_[first], rects_[second]);
+    DamageRect merged = Around(rects_[first], rects_[second]);
     rects_[second] = rects_[--count_];
     rects_[first] = rects_[--count_];
-    Insert(merged);
+    // What it reaches now goes into it too, however much that adds: the list has to become shorter.
+    for (int i = 0; i < count_;) {
+        if (!Overlap(merged, rects_[i])) {
+            ++i;
+            continue;
+        }
+        merged = Around(merged, rects_[i]);
+        rects_[i] = rects_[--count_];
+        i = 0;
+    }
+    rects_[count_++] = merged;
 }
 
 }  // namespace gfx::kit

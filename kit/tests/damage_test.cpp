@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <cstdint>
 #include <vector>
 
 #include "random_numbers.h"
@@ -66,6 +67,13 @@ INSTANTIATE_TEST_SUITE_P(Screens, KitDamage,
                          testing::Values(Screen{64, 48, 1, 1}, Screen{61, 47, 2, 2},
                                          Screen{128, 30, 8, 1}, Screen{33, 100, 1, 8}));
 
+std::uint64_t AreaOf(const DamageList& list) {
+    std::uint64_t area = 0;
+    for (int i = 0; i < list.Count(); ++i)
+        area += std::uint64_t{list[i].w} * list[i].h;
+    return area;
+}
+
 TEST(KitDamageList, Rectangles_apart_stay_apart_and_neighbours_become_one) {
     DamageList list(100, 100);
     list.Add(0, 0, 10, 10);
@@ -75,12 +83,20 @@ TEST(KitDamageList, Rectangles_apart_stay_apart_and_neighbours_become_one) {
     EXPECT_EQ(list.Count(), 2);
     list.Add(0, 10, 15, 40);
     EXPECT_EQ(list.Count(), 2);
-    list.Add(14, 40, 40, 20);  // reaches both
+    EXPECT_EQ(AreaOf(list), 15U * 50 + 100);
+    list.Add(0, 0, 100, 100);
     ASSERT_EQ(list.Count(), 1);
-    EXPECT_EQ(list[0], (DamageRect{0, 0, 60, 60}));
+    EXPECT_EQ(list[0], (DamageRect{0, 0, 100, 100}));
 }
 
-TEST(KitDamageList, A_display_that_fails_keeps_what_it_has_not_got) {
+TEST(KitDamageList, A_cross_of_thin_lines_is_not_the_whole_screen) {
+    DamageList list(1920, 1080);
+    list.Add(960, 0, 1, 1080);
+    list.Add(0, 540, 1920, 1);
+    EXPECT_EQ(AreaOf(list), 1920U + 1080 - 1);
+}
+
+TEST(KitDamageList, A_display_that_fails_keeps_those_behind_the_one_it_failed_at) {
     DamageList list(100, 100);
     for (int i = 0; i < 5; ++i)
         list.Add(i * 20, i * 20, 3, 3);

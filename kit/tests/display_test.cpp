@@ -3,7 +3,7 @@
 #include <gfx/kit/owning.h>
 #include <gtest/gtest.h>
 
-#include <cstring>
+#include <cstdint>
 #include <vector>
 
 #include "random_numbers.h"
@@ -62,7 +62,8 @@ TEST(KitDisplay, Rectangles_that_fit_are_copied_and_others_leave_the_memory_alon
                 const std::uint32_t color =
                     surface->RetPixelRGB(static_cast<int>(x + i), static_cast<int>(y + j));
                 const std::uint16_t pixel = PlainPixel(color, format);
-                std::memcpy(expected.data() + j * pitch + 2 * i, &pixel, 2);
+                expected[j * pitch + 2 * i] = static_cast<std::uint8_t>(pixel);
+                expected[j * pitch + 2 * i + 1] = static_cast<std::uint8_t>(pixel >> 8);
             }
         }
         const DisplayMemory display{memory.data(), size, pitch};

@@ -114,7 +114,8 @@ TEST(ShapeStroke, LinesAreTheirSegmentsJoinsAndCaps) {
         std::vector<Point> points;
         for (int i = 0; i < count; ++i) {
             const auto x = 2560 + random() % 7168, y = 2560 + random() % 7168;
-            points.push_back({Units(x), Units(y)});
+            points.push_back(
+                {Units(static_cast<std::int64_t>(x)), Units(static_cast<std::int64_t>(y))});
         }
         Stroke stroke;
         stroke.width = Units(512 + random() % 2500);
@@ -133,7 +134,8 @@ TEST(ShapeStroke, ALineDoesNotDependOnItsDirection) {
         std::vector<Point> points;
         for (int i = 0; i < 2; ++i) {
             const auto x = random() % 12288, y = random() % 12288;
-            points.push_back({Units(x), Units(y)});
+            points.push_back(
+                {Units(static_cast<std::int64_t>(x)), Units(static_cast<std::int64_t>(y))});
         }
         Stroke stroke;
         stroke.width = Units(1 + random() % 2500);

@@ -58,7 +58,8 @@ public:
     void Clear() { count_ = 0; }  ///< forgets all rectangles
 
 private:
-    void Insert(DamageRect rect);
+    void Insert(const DamageRect& rect);
+    void InsertAround(const DamageRect& rect, const DamageRect& other);
     void MergeCheapest();
 
     unsigned width_, height_, alignX_, alignY_;
