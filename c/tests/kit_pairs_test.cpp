@@ -1,5 +1,4 @@
-// Each function of the kit in C beside what it stands for in C++.
-#include <gfx/kit/damage.h>
+// Each function of the kit's shapes, pictures and text in C beside what it stands for in C++.
 #include <gfx/kit/pictures.h>
 #include <gfx/kit/shapes.h>
 #include <gfx/kit/text.h>
@@ -30,14 +29,6 @@ const ColorStop kColors[] = {{0, Color::FromWord(0x00FF0000)},
                              {255, Color::FromWord(0x000000FF)}};
 Stroke Line() { return {U(640), Cap::kRound, Join::kBevel, U(1024)}; }
 
-// Takes and returns what an object or an array in C stands in.
-struct Block {
-    explicit Block(std::size_t size) : block(GfxMemory::operator new(size)) {}
-    ~Block() noexcept(false) { GfxMemory::operator delete(block); }
-    Block(const Block&) = delete;
-    void* block;
-};
-
 // Made and drawn with, then deleted.
 gfx_status DrawGradient(World& w, gfx_status made, gfx_gradient* gradient) {
     if (made != GFX_OK) return made;
@@ -50,31 +41,6 @@ void DrawGradient(World& w, const Gradient& gradient) {
     { Block stops(1); }
     Block object(1);
     Canvas(*w.surface).FillRect(Rect(), gradient);
-}
-
-void AddTwice(gfx_damage* d) {
-    gfx_damage_add(d, -3, 5, 9, 4);
-    gfx_damage_add(d, 21, 11, 6, 7);
-}
-
-void RecordRect(void* world, const gfx_rect* r) {
-    static_cast<World*>(world)->Record(r->x, r->y, r->w, r->h);
-}
-
-gfx_status RecordAll(World& w, gfx_status status) {
-    if (status != GFX_OK) return status;
-    return gfx_damage_flush(w.cDamage, RecordRect, &w);
-}
-
-void RecordAll(World& w, DamageList& list) {
-    list.Flush([&](const DamageRect& r) { w.Record(r.x, r.y, r.w, r.h); });
-}
-
-DamageList Twice() {
-    DamageList list(World::kWidth, World::kHeight, 4, 2);
-    list.Add(-3, 5, 9, 4);
-    list.Add(21, 11, 6, 7);
-    return list;
 }
 
 gfx_status Measured(World& w, gfx_status status) {
@@ -315,70 +281,6 @@ const std::vector<Pair> kKitPairs = {
          style.wrap = style.ellipsis = true;
          w.Record(DrawStringInBox(*w.surface, Font(*w.font), {2, 3, 33, 25}, kText, style));
      }},
-    {"gfx_damage_new",
-     [](World& w) {
-         gfx_damage* d = nullptr;
-         const gfx_status status = gfx_damage_new(9, 8, 3, 5, C == nullptr ? nullptr : &d);
-         if (status != GFX_OK) return status;
-         gfx_damage_add(d, 4, 6, 1, 1);
-         gfx_damage_flush(d, RecordRect, &w);
-         return gfx_damage_delete(&d);
-     },
-     [](World& w) {
-         Block object(1);
-         DamageList list(9, 8, 3, 5);
-         list.Add(4, 6, 1, 1);
-         RecordAll(w, list);
-     }},
-    {"gfx_damage_delete", [](World& w) { return gfx_damage_delete(&w.cDamage); }, [](World&) {}},
-    {"gfx_damage_add",
-     [](World& w) { return RecordAll(w, gfx_damage_add(w.cDamage, -3, 5, 9, 4)); },
-     [](World& w) {
-         DamageList list(World::kWidth, World::kHeight, 4, 2);
-         list.Add(-3, 5, 9, 4);
-         RecordAll(w, list);
-     }},
-    {"gfx_damage_add_all", [](World& w) { return RecordAll(w, gfx_damage_add_all(w.cDamage)); },
-     [](World& w) { w.Record(0, 0, World::kWidth, World::kHeight); }},
-    {"gfx_damage_count",
-     [](World& w) {
-         int count = 0;
-         AddTwice(w.cDamage);
-         const gfx_status status = gfx_damage_count(w.cDamage, &count);
-         if (status == GFX_OK) w.Record(count);
-         return status;
-     },
-     [](World& w) { w.Record(Twice().Count()); }},
-    {"gfx_damage_get",
-     [](World& w) {
-         gfx_rect r{};
-         AddTwice(w.cDamage);
-         const gfx_status status = gfx_damage_get(w.cDamage, 1, &r);
-         if (status != GFX_OK) return status;
-         w.Record(r.x, r.y, r.w, r.h, gfx_damage_get(w.cDamage, 2, &r) == GFX_NO_SUCH_VALUE,
-                  gfx_damage_get(w.cDamage, -1, &r) == GFX_NO_SUCH_VALUE);
-         return status;
-     },
-     [](World& w) {
-         const DamageList list = Twice();
-         w.Record(list[1].x, list[1].y, list[1].w, list[1].h, true, true);
-     }},
-    {"gfx_damage_flush",
-     [](World& w) {
-         AddTwice(w.cDamage);
-         RecordAll(w, GFX_OK);
-         return RecordAll(w, GFX_OK);
-     },
-     [](World& w) {
-         DamageList list = Twice();
-         RecordAll(w, list);
-     }},
-    {"gfx_damage_clear",
-     [](World& w) {
-         AddTwice(w.cDamage);
-         return RecordAll(w, gfx_damage_clear(w.cDamage));
-     },
-     [](World&) {}},
 };
 
 }  // namespace test

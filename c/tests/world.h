@@ -119,6 +119,14 @@ private:
     }
 };
 
+/// Takes and returns what an object or an array in C stands in.
+struct Block {
+    explicit Block(std::size_t size) : block(GfxMemory::operator new(size)) {}
+    ~Block() noexcept(false) { GfxMemory::operator delete(block); }
+    Block(const Block&) = delete;
+    void* block;
+};
+
 /// One function in C and the operation that it stands for.
 struct Pair {
     const char* name;
@@ -128,11 +136,13 @@ struct Pair {
 
 extern const std::vector<Pair> kEnginePairs;
 extern const std::vector<Pair> kKitPairs;
+extern const std::vector<Pair> kDamagePairs;
 
-/// Both lists.
+/// All lists.
 inline std::vector<Pair> AllPairs() {
     std::vector<Pair> all = kEnginePairs;
     all.insert(all.end(), kKitPairs.begin(), kKitPairs.end());
+    all.insert(all.end(), kDamagePairs.begin(), kDamagePairs.end());
     return all;
 }
 
