@@ -32,6 +32,7 @@ inline bool IsLimit(const Library& library) {
 }
 
 Library MakeOurs(Scene& scene, const std::string& name);
+Library MakeKit(Scene& scene);
 Library MakePixman(Scene& scene);
 Library MakeCairo(Scene& scene);
 Library MakeSdl(Scene& scene);

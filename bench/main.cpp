@@ -17,7 +17,7 @@ namespace bench {
 namespace {
 
 std::vector<Library> AllLibraries(Scene& scene) {
-    std::vector<Library> libraries = {MakeOurs(scene, "gfx")};
+    std::vector<Library> libraries = {MakeOurs(scene, "gfx"), MakeKit(scene)};
     AddOurTables(&scene, &libraries);
     libraries.push_back(MakeLimit(scene));
     libraries.push_back(MakeStretch(scene));
@@ -46,7 +46,8 @@ std::vector<Library> AllLibraries(Scene& scene) {
 std::string LabelOf(const Row& row) {
     const char* const suite = row.suite == Suite::kMain       ? "main"
                               : row.suite == Suite::kPictures ? "pictures"
-                                                              : "pitch";
+                              : row.suite == Suite::kPitch    ? "pitch"
+                                                              : "kit";
     const char* const layout = row.FullWidth() ? "full" : row.Scattered() ? "small" : "inside";
     return std::string(suite) + ";" + row.group + ";" + row.unit + ";" + layout;
 }

@@ -187,6 +187,8 @@ Work Make(Scene& scene, const Row& row) {
             return MakePixels(scene, row);
         case Operation::kDisplay:
             return MakeDisplay(scene, row);
+        case Operation::kShape:
+            return {};
     }
     return {};
 }

@@ -1,6 +1,7 @@
 // AGG is a set of templates, compiled here with the options of the benchmark and inlined.
 #include <agg_conv_dash.h>
 #include <agg_conv_stroke.h>
+#include <agg_ellipse.h>
 #include <agg_path_storage.h>
 #include <agg_pixfmt_gray.h>
 #include <agg_pixfmt_rgb.h>
@@ -11,6 +12,7 @@
 #include <agg_renderer_primitives.h>
 #include <agg_renderer_scanline.h>
 #include <agg_rendering_buffer.h>
+#include <agg_rounded_rect.h>
 #include <agg_scanline_p.h>
 
 #include <memory>
@@ -144,11 +146,16 @@ struct Stroker {
     explicit Stroker(const Image& image) : canvas(image), solid(canvas.base) {}
 
     template <typename Source>
-    void Draw(Source& path) {
+    void Draw(Source& path, double width = 1.0) {
         agg::conv_stroke<Source> stroke(path);
-        stroke.width(1.0);
+        stroke.width(width);
+        Fill(stroke);
+    }
+
+    template <typename Outline>
+    void Fill(Outline& outline) {
         raster.reset();
-        raster.add_path(stroke);
+        raster.add_path(outline);
         agg::render_scanlines(raster, scanline, solid);
     }
 
@@ -177,6 +184,34 @@ Work MakeLines(Scene& scene, const Row& row) {
         for (const Segment& line : lines)
             stroker->Draw(line, dash);
     };
+}
+
+template <typename PixelFormat>
+void DrawShape(Stroker<PixelFormat>& to, const Row& row) {
+    const double middle = kShapeSurface / 2.0, size = row.shapeSize;
+    agg::ellipse circle(middle, middle, size, size);
+    agg::rounded_rect rect(middle - size / 2, middle - kRoundRectHeight / 2.0, middle + size / 2,
+                           middle + kRoundRectHeight / 2.0, kCornerRadius);
+    agg::path_storage path;
+    if (row.shape == Shape::kCircle) return to.Fill(circle);
+    if (row.shape == Shape::kRing) return to.Draw(circle, kRingWidth);
+    if (row.shape == Shape::kRoundRect) return to.Fill(rect);
+    if (row.shape == Shape::kStar) {
+        for (const Corner& at : StarCorners(row.shapeSize))
+            path.total_vertices() == 0 ? path.move_to(at.x, at.y) : path.line_to(at.x, at.y);
+        return to.Fill(path);
+    }
+    path.move_to(kLineStart, kLineStart);
+    path.line_to(kLineEndX, kLineEndY);
+    to.Draw(path, size);
+}
+
+template <typename PixelFormat>
+Work MakeShape(Scene& scene, const Row& row) {
+    if (row.shape == Shape::kLinear || row.shape == Shape::kRadial) return {};
+    const auto stroker = std::make_shared<Stroker<PixelFormat>>(scene.Target(row));
+    stroker->solid.color(MakeColor<typename PixelFormat::color_type>(255));
+    return [stroker, row] { DrawShape(*stroker, row); };
 }
 
 template <typename PixelFormat>
@@ -228,6 +263,8 @@ Work MakeColored(Scene& scene, const Row& row) {
     switch (row.operation) {
         case Operation::kLine:
             return MakeLines<PixelFormat>(scene, row);
+        case Operation::kShape:
+            return MakeShape<PixelFormat>(scene, row);
         case Operation::kPixelSet:
         case Operation::kPixelBlend:
         case Operation::kPixelGet:

@@ -118,6 +118,65 @@ Work MakeLines(Scene& scene, const Row& row) {
     };
 }
 
+void AddRoundRect(cairo_t* to, double x, double y, double w, double h, double r) {
+    const double turn = 1.5707963267948966;
+    cairo_new_sub_path(to);
+    cairo_arc(to, x + w - r, y + r, r, -turn, 0);
+    cairo_arc(to, x + w - r, y + h - r, r, 0, turn);
+    cairo_arc(to, x + r, y + h - r, r, turn, 2 * turn);
+    cairo_arc(to, x + r, y + r, r, 2 * turn, 3 * turn);
+    cairo_close_path(to);
+}
+
+void AddShape(cairo_t* to, const Row& row) {
+    const double middle = kShapeSurface / 2.0, size = row.shapeSize;
+    switch (row.shape) {
+        case Shape::kCircle:
+        case Shape::kRing:
+            return cairo_arc(to, middle, middle, size, 0, 6.283185307179586);
+        case Shape::kRoundRect:
+            return AddRoundRect(to, middle - size / 2, middle - kRoundRectHeight / 2.0, size,
+                                kRoundRectHeight, kCornerRadius);
+        case Shape::kStar:
+            for (const Corner& corner : StarCorners(row.shapeSize))
+                cairo_line_to(to, corner.x, corner.y);
+            return cairo_close_path(to);
+        case Shape::kWideLine:
+            cairo_move_to(to, kLineStart, kLineStart);
+            return cairo_line_to(to, kLineEndX, kLineEndY);
+        default:
+            return cairo_rectangle(to, middle - size / 2, middle - size / 2, size, size);
+    }
+}
+
+void SetGradient(cairo_t* to, const Row& row) {
+    const double middle = kShapeSurface / 2.0, half = row.shapeSize / 2.0;
+    cairo_pattern_t* const made =
+        row.shape == Shape::kLinear
+            ? cairo_pattern_create_linear(middle - half, middle - half, middle + half,
+                                          middle + half)
+            : cairo_pattern_create_radial(middle, middle, 0, middle, middle, half);
+    cairo_pattern_add_color_stop_rgb(made, 0, kRed / 255.0, kGreen / 255.0, kBlue / 255.0);
+    cairo_pattern_add_color_stop_rgb(made, 1, (kGradientEnd >> 16 & 255) / 255.0,
+                                     (kGradientEnd >> 8 & 255) / 255.0,
+                                     (kGradientEnd & 255) / 255.0);
+    cairo_set_source(to, made);
+    cairo_pattern_destroy(made);
+}
+
+Work MakeShape(Scene& scene, const Row& row) {
+    const Context context = On(scene.Target(row));
+    SetColor(context.get(), row.target, 1.0);
+    cairo_set_line_width(context.get(), row.shape == Shape::kRing ? kRingWidth : row.shapeSize);
+    const bool gradient = row.shape == Shape::kLinear || row.shape == Shape::kRadial;
+    const bool stroke = row.shape == Shape::kRing || row.shape == Shape::kWideLine;
+    return [context, row, gradient, stroke] {
+        if (gradient) SetGradient(context.get(), row);
+        AddShape(context.get(), row);
+        stroke ? cairo_stroke(context.get()) : cairo_fill(context.get());
+    };
+}
+
 FT_Library Engine() {
     static const FT_Library engine = [] {
         FT_Library made = nullptr;
@@ -206,6 +265,8 @@ Work Make(Scene& scene, const Row& row) {
             return MakeOver(scene, row);
         case Operation::kLine:
             return MakeLines(scene, row);
+        case Operation::kShape:
+            return MakeShape(scene, row);
         case Operation::kText:
         case Operation::kTextCold:
             return MakeText(scene, row);

@@ -85,6 +85,54 @@ Work MakeLines(Scene& scene, const Row& row) {
     };
 }
 
+QBrush GradientBrush(const Row& row) {
+    const double middle = kShapeSurface / 2.0, half = row.shapeSize / 2.0;
+    const auto filled = [](QGradient&& gradient) {
+        gradient.setColorAt(0, InkColor(false, Format::k32));
+        gradient.setColorAt(1, QColor::fromRgb(kGradientEnd));
+        return QBrush(gradient);
+    };
+    if (row.shape == Shape::kRadial) return filled(QRadialGradient(middle, middle, half));
+    return filled(QLinearGradient(middle - half, middle - half, middle + half, middle + half));
+}
+
+void DrawShape(QPainter& to, const Row& row) {
+    const double size = row.shapeSize;
+    const QPointF middle(kShapeSurface / 2.0, kShapeSurface / 2.0);
+    switch (row.shape) {
+        case Shape::kCircle:
+        case Shape::kRing:
+            return to.drawEllipse(middle, size, size);
+        case Shape::kRoundRect:
+            return to.drawRoundedRect(
+                QRectF(middle.x() - size / 2, middle.y() - kRoundRectHeight / 2.0, size,
+                       kRoundRectHeight),
+                kCornerRadius, kCornerRadius);
+        case Shape::kWideLine:
+            return to.drawLine(QPointF(kLineStart, kLineStart), QPointF(kLineEndX, kLineEndY));
+        default:
+            return to.fillRect(QRectF(middle.x() - size / 2, middle.y() - size / 2, size, size),
+                               GradientBrush(row));
+    }
+}
+
+Work MakeShape(Scene& scene, const Row& row) {
+    const auto canvas = std::make_shared<Canvas>(scene.Target(row));
+    QPainter& painter = canvas->painter;
+    const QColor ink = InkColor(false, row.target);
+    const bool line = row.shape == Shape::kWideLine, ring = row.shape == Shape::kRing;
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setBrush(ring ? QBrush(Qt::NoBrush) : QBrush(ink));
+    painter.setPen(line || ring
+                       ? QPen(ink, ring ? kRingWidth : row.shapeSize, Qt::SolidLine, Qt::FlatCap)
+                       : QPen(Qt::NoPen));
+    if (row.shape != Shape::kStar) return [canvas, row] { DrawShape(canvas->painter, row); };
+    QPolygonF star;
+    for (const Corner& corner : StarCorners(row.shapeSize))
+        star << QPointF(corner.x, corner.y);
+    return [canvas, star] { canvas->painter.drawPolygon(star, Qt::WindingFill); };
+}
+
 QGlyphRun GlyphRun(Scene& scene, const Row& row) {
     QList<quint32> indices;
     QList<QPointF> positions;
@@ -140,6 +188,8 @@ Work Make(Scene& scene, const Row& row) {
             return MakeTile(scene, row);
         case Operation::kLine:
             return MakeLines(scene, row);
+        case Operation::kShape:
+            return MakeShape(scene, row);
         case Operation::kText:
         case Operation::kTextCold:
             return MakeText(scene, row);

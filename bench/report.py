@@ -12,8 +12,8 @@ import re
 
 from report_plots import plot_means, plot_widths
 from report_rows import Row, quartile_distance
-from report_tables import (growth_tables, means_table, picture_tables, pitch_table, row_table,
-                           widths_table)
+from report_tables import (growth_tables, kit_table, means_table, picture_tables, pitch_table,
+                           row_table, widths_table)
 from report_text import introduction, machine_text, widths_text
 
 
@@ -50,7 +50,7 @@ def write_report(output, rows, growth, context, facts):
         text += "\n## Geometric means\n\n" + means_table(main_rows) + "\n"
         text += "\n## Rows\n\n" + row_table(main_rows) + "\n"
         (output / "benchmarks.svg").write_text(plot_means(main_rows), encoding="utf-8")
-    text += picture_tables(rows) + pitch_table(rows)
+    text += picture_tables(rows) + pitch_table(rows) + kit_table(rows)
     if growth:
         text += "\n## How cost grows\n\n" + growth_tables(growth) + "\n"
     if widths:

@@ -7,6 +7,7 @@ from report_rows import geometric_mean, lower_quartile
 # What the means over all main rows, and over the whole pictures, are to be at most.
 GOALS = {"best": 0.26, "limit": 1.28, "avx2": 1.4, "base": 1.0}
 PICTURE_GOAL = 1.0
+KIT_GOAL = 1.0
 
 # Axis of growth: what its numbers count, and the unit of a cost divided by them.
 AXES = {
@@ -156,6 +157,21 @@ def pitch_table(rows):
         return ""
     return ("\n## Lines at another pitch\n\nRows of 1024 columns are 4,096 bytes apart in 32 bits and "
             "share the sets of a cache; rows of 1040 do not.\n\n" + table(header, lines) + "\n")
+
+
+def kit_table(rows):
+    """The kit's shapes beside the best peer that draws them."""
+    rows = [row for row in rows if row.suite == "kit"]
+    if not rows:
+        return ""
+    header = ["row", "unit", "gfx", "best peer", "its time", "gfx / best", "gfx is"]
+    lines = [[row.name, row.unit, time_text(row, "gfx"), row.best or "-", time_text(row, row.best),
+              ratio_text(row.ratio("gfx", "best")), row.verdict()] for row in rows]
+    counts = "{} ahead, {} level, {} behind".format(*standing(rows))
+    return ("\n## The kit\n\nOne anti-aliased shape a pass on 512x512. These rows count in no mean "
+            f"above.\n\n**gfx / best peer {ratio_text(means_of(rows)['best'])}** (geometric mean of "
+            f"{len(rows)} rows; {counts}). Goal: at most {KIT_GOAL:.2f} in each row.\n\n" +
+            table(header, lines) + "\n")
 
 
 def growth_tables(growth):

@@ -5,8 +5,7 @@ from report_rows import LEAST_MARGIN, ratio_error
 INTRODUCTION = """# Benchmarks
 
 Written by `script/bench`, which measures anew; do not edit. What each row draws stands in
-`bench/rows.cpp` and `bench/rows_derived.cpp`, how a library draws it in `bench/peer_*.cpp` and
-`bench/ours.cpp`, the limits in `bench/limit*.cpp`, and how figures become tables in
+`bench/rows*.cpp`, how a library draws it in `bench/peer_*.cpp` and `bench/ours*.cpp`, the limits in `bench/limit*.cpp`, and how figures become tables in
 `bench/report*.py`.
 
 ![Time relative to the best peer](benchmarks.svg)

@@ -247,6 +247,7 @@ std::vector<Row> AllRows() {
     AddText(rows);
     AddPixelsAndDisplay(rows);
     AddDerivedRows(rows);
+    AddKitRows(rows);
     return rows;
 }
 

@@ -26,8 +26,12 @@ enum class Operation {
     kPixelSet,
     kPixelBlend,
     kPixelGet,
-    kDisplay
+    kDisplay,
+    kShape
 };
+
+/// What a row of the kit draws.
+enum class Shape { kCircle, kRoundRect, kStar, kWideLine, kRing, kLinear, kRadial };
 
 /// What a source or mask shows, as far as speed may depend on it.
 enum class Pattern {
@@ -42,7 +46,7 @@ enum class Slope { kAny, kHorizontal, kVertical };
 
 /// Which part of the report a row belongs to. The means over all groups count kMain alone, so that
 /// they stay comparable from one state of the engine to the next.
-enum class Suite { kMain, kPictures, kPitch };
+enum class Suite { kMain, kPictures, kPitch, kKit };
 
 struct Row {
     std::string name;
@@ -62,9 +66,11 @@ struct Row {
     bool antialias = false;  ///< lines
     bool half = false;       ///< lines at 50 % instead of opaque
     bool dash = false;       ///< lines 6 on, 4 off
-    int fontSize = 0;        ///< text, pixels to the em
-    double items = 0;        ///< what one pass draws, in the row's unit
-    std::string unit;        ///< "ps/px", "ns/rect", ...
+    Shape shape = Shape::kCircle;
+    int shapeSize = 0;  ///< radius, width or side of the shape
+    int fontSize = 0;   ///< text, pixels to the em
+    double items = 0;   ///< what one pass draws, in the row's unit
+    std::string unit;   ///< "ps/px", "ns/rect", ...
 
     /// Whether one pass draws many small rectangles instead of one large one.
     bool Scattered() const { return width <= 16; }
@@ -83,6 +89,9 @@ std::vector<Row> AllRows();
 /// rectangles inside a wider picture, and lines at another distance from row to row.
 void AddDerivedRows(std::vector<Row>& rows);
 
+/// Adds the rows of the kit.
+void AddKitRows(std::vector<Row>& rows);
+
 int BytesPerPixel(Format format);
 std::string FormatName(Format format);
 
@@ -97,6 +106,14 @@ inline constexpr int kFreeRows = 16;     ///< likewise above and below
 inline constexpr int kTile = 64;         ///< side of the tiled source
 inline constexpr int kDashOn = 6;        ///< pixels drawn
 inline constexpr int kDashOff = 4;       ///< pixels skipped
+
+inline constexpr int kShapeSurface = 512;     ///< side of the picture that shapes are drawn on
+inline constexpr int kRoundRectHeight = 200;  ///< of the rectangle with round corners
+inline constexpr int kCornerRadius = 24;      ///< likewise
+inline constexpr int kRingWidth = 12;
+inline constexpr int kLineStart = 40;  ///< both coordinates of the wide line's start
+inline constexpr int kLineEndX = 470;
+inline constexpr int kLineEndY = 300;
 
 }  // namespace bench
 

@@ -113,6 +113,16 @@ Scene::Scene() : fontPath_(std::string(FontDirectory()) + "/DejaVuSans.ttf") {
         points_.push_back({Below(random, 1024), Below(random, 1024)});
 }
 
+std::vector<Corner> StarCorners(int radius) {
+    std::vector<Corner> corners;
+    for (int i = 0; i < 10; ++i) {
+        const double angle = i * 3.14159265358979 / 5, way = i % 2 == 0 ? radius : radius * 0.4;
+        corners.push_back({kShapeSurface / 2 + way * std::sin(angle),
+                           kShapeSurface / 2 - way * std::cos(angle)});
+    }
+    return corners;
+}
+
 Image Scene::Target(const Row& row) {
     return {targetMemory_.data(), row.surfaceWidth, row.surfaceHeight,
             row.surfaceWidth * BytesPerPixel(row.target), row.target};

@@ -73,6 +73,7 @@ inline constexpr std::uint32_t kColor = (kRed << 16) | (kGreen << 8) | kBlue;
 inline constexpr int kHalf = 127;  ///< opacity of 50 % rows; as transparency 128
 inline constexpr std::uint32_t kHalfColor =
     (static_cast<std::uint32_t>(255 - kHalf) << 24) | kColor;
+inline constexpr std::uint32_t kGradientEnd = 0x1428F0;
 inline constexpr std::uint32_t kKeyColor = 0xFFFF00FF;  ///< unchanged by a trip through 5-6-5
 
 /// Pixels start at a cache line, as surfaces of drivers and toolkits do: where malloc happens to
@@ -89,6 +90,13 @@ struct AtCacheLine {
     void deallocate(T* p, std::size_t) { ::operator delete(p, kLine); }
     bool operator==(const AtCacheLine&) const { return true; }
 };
+
+struct Corner {
+    double x, y;
+};
+
+/// Ten corners of a star in the middle of the picture that shapes are drawn on.
+std::vector<Corner> StarCorners(int radius);
 
 class Scene {
 public:
