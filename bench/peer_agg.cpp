@@ -1,4 +1,8 @@
 // AGG is a set of templates, compiled here with the options of the benchmark and inlined.
+// g++ 12 warns inside AGG's headers of coordinates that a command of their own leaves unset.
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
+#endif
 #include <agg_conv_dash.h>
 #include <agg_conv_stroke.h>
 #include <agg_ellipse.h>

@@ -16,7 +16,8 @@ gfx_glyph_geom InC(const GfxFontCache::GlyphGeom& g) {
 }  // namespace
 
 gfx_status gfx_font_cache_new(gfx_font_cache** font) noexcept {
-    return gfx::c::MakeObject(font, [] { return new GfxFontCache; });
+    // What it throws ends in MakeObject.
+    return gfx::c::MakeObject(font, [] { return new GfxFontCache; });  // NOLINT(*-exception-at-new)
 }
 
 gfx_status gfx_font_cache_delete(gfx_font_cache** font) noexcept {

@@ -21,9 +21,11 @@ void Release(void* hooks, void* block) {
     h->release(h->context, block);
 }
 
+// NOLINTBEGIN(*-no-malloc): that is what they are for
 void* AllocateFromRuntime(void*, unsigned long size) { return std::malloc(size); }
 
 void ReleaseToRuntime(void*, void* block) { std::free(block); }
+// NOLINTEND(*-no-malloc)
 
 constexpr gfx_memory_hooks kRuntimeMemory = {nullptr, AllocateFromRuntime, ReleaseToRuntime};
 
@@ -34,7 +36,7 @@ gfx_status gfx_set_memory_hooks(const gfx_memory_hooks* hooks) noexcept {
         return GFX_NULL_ARGUMENT;
     }
     // The engine hands the context back as it is; nothing writes to it.
-    GfxMemory::arg = const_cast<gfx_memory_hooks*>(hooks);
+    GfxMemory::arg = const_cast<gfx_memory_hooks*>(hooks);  // NOLINT(*-const-cast)
     GfxMemory::fn_alloc = Allocate;
     GfxMemory::fn_free = Release;
     return GFX_OK;

@@ -41,10 +41,13 @@ private:
     }
 };
 
+/// Whether a source has those pixels. Depths 0 and 1 and surfaces without memory have none that are
+/// drawn.
 inline bool LiesInside(const GfxSurface& source, const PictureRect& from) {
-    return from.x >= 0 && from.y >= 0 && from.w > 0 && from.h > 0 &&
+    return source.Depth() >= 2 && from.x >= 0 && from.y >= 0 && from.w > 0 && from.h > 0 &&
            std::int64_t{from.x} + from.w <= std::int64_t{source.DX()} &&
-           std::int64_t{from.y} + from.h <= std::int64_t{source.DY()};
+           std::int64_t{from.y} + from.h <= std::int64_t{source.DY()} &&
+           source.Line(from.y) != nullptr;
 }
 
 /// A row of colour words that the engine reads pixels into and writes pixels from.

@@ -269,6 +269,23 @@ TEST(KitPictures, Arguments_of_any_value_stay_inside) {
     }
 }
 
+TEST(KitPictures, Sources_that_have_no_pixels_draw_nothing) {
+    const Surface target(16, 16, 16);
+    target->RectFill(0, 0, 16, 16, 0xFFFFFF);
+    const Surface sources[] = {Surface(6, 5, 0), Surface(6, 5, 1),
+                               Surface::Over(nullptr, 6, 5, 32, 24)};
+    for (const Surface& source : sources) {
+        for (const Scaling scaling : {Scaling::kNearest, Scaling::kBilinear, Scaling::kArea})
+            DrawScaled(*target, {0, 0, 9, 9}, *source, {0, 0, 6, 5}, scaling);
+        DrawOriented(*target, 0, 0, *source, {0, 0, 6, 5}, Orientation::kQuarter);
+        DrawOriented(*target, 0, 0, *source, {0, 0, 6, 5}, Orientation::kHalf);
+        DrawDithered(*target, 0, 0, *source, {0, 0, 6, 5});
+        DrawIndexed(*target, 0, 0, *source, {0, 0, 6, 5}, Palette{});
+    }
+    for (int i = 0; i < 256; ++i)
+        ASSERT_EQ(0xFFFFFFU, target->RetPixelRGB(i % 16, i / 16)) << i;
+}
+
 TEST(KitPictures, A_hook_may_throw_at_any_call) {
     using test::HookLedger;
     test::LedgerCheck check;

@@ -6,8 +6,8 @@
 
 #include <gfx/c/status.h>
 
-#include <stdbool.h>
-#include <stdint.h>
+#include <stdbool.h>  // NOLINT(modernize-deprecated-headers): for C
+#include <stdint.h>   // NOLINT(modernize-deprecated-headers): for C
 
 #ifdef __cplusplus
 extern "C" {

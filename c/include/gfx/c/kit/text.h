@@ -9,7 +9,7 @@
 
 #include <gfx/c/font_cache.h>
 
-#include <stddef.h>
+#include <stddef.h>  // NOLINT(modernize-deprecated-headers): for C
 
 #ifdef __cplusplus
 extern "C" {
