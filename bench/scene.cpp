@@ -117,8 +117,8 @@ std::vector<Corner> StarCorners(int radius) {
     std::vector<Corner> corners;
     for (int i = 0; i < 10; ++i) {
         const double angle = i * 3.14159265358979 / 5, way = i % 2 == 0 ? radius : radius * 0.4;
-        corners.push_back({kShapeSurface / 2 + way * std::sin(angle),
-                           kShapeSurface / 2 - way * std::cos(angle)});
+        corners.push_back(
+            {kShapeSurface / 2 + way * std::sin(angle), kShapeSurface / 2 - way * std::cos(angle)});
     }
     return corners;
 }
